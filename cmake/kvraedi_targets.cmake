@@ -1,0 +1,34 @@
+# What every target of the project is compiled with.
+function(kvraedi_settings target)
+  target_compile_options(${target} PRIVATE
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Werror)
+  if(KVRAEDI_SANITIZE)
+    target_compile_options(${target} PRIVATE
+      -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(${target} PUBLIC -fsanitize=address,undefined)
+  endif()
+endfunction()
+
+# A static library with one adapter: it knows floor 1 only, and leaves it to the program whether the
+# component comes as the shared library or as the internals that tests use.
+function(kvraedi_adapter name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;LIBRARIES" ${ARGN})
+  add_library(kvraedi_${name} STATIC ${ARG_SOURCES})
+  kvraedi_settings(kvraedi_${name})
+  target_link_libraries(kvraedi_${name}
+    PUBLIC kvraedi_headers $<INSTALL_INTERFACE:kvraedi::kvraedi>
+    PRIVATE ${ARG_LIBRARIES})
+  set_target_properties(kvraedi_${name} PROPERTIES EXPORT_NAME ${name})
+  install(TARGETS kvraedi_${name} EXPORT kvraedi ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
+  install(FILES ${ARG_HEADERS}
+    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kvraedi/platform/${name})
+endfunction()
+
+# A test program, registered test by test. Links the component's internals and the named adapters.
+function(kvraedi_test name)
+  cmake_parse_arguments(ARG "" "" "SOURCES;LIBRARIES" ${ARGN})
+  add_executable(${name} ${ARG_SOURCES})
+  kvraedi_settings(${name})
+  target_link_libraries(${name} PRIVATE ${ARG_LIBRARIES} kvraedi_internals GTest::gtest_main)
+  gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60 DISCOVERY_MODE PRE_TEST)
+endfunction()

@@ -1,0 +1,45 @@
+#include "frame/puertos.h"
+
+#include <string>
+
+#include "kvraedi/conexion.h"
+#include "kvraedi/empresa.h"
+
+namespace kvraedi {
+
+Recordset::~Recordset() = default;
+Connection::~Connection() = default;
+Empresa::~Empresa() = default;
+FileWriter::~FileWriter() = default;
+Entorno::~Entorno() = default;
+Suite::~Suite() = default;
+
+namespace {
+
+Adaptadores& Instalados() {
+  static Adaptadores adaptadores;
+  return adaptadores;
+}
+
+template <class Port>
+Port& Required(Port* port, const char* name) {
+  if (port == nullptr) {
+    throw Error(kErrorItemNotFound, "kvraedi",
+                std::string("El programa principal no ha instalado el adaptador: ") + name);
+  }
+  return *port;
+}
+
+}  // namespace
+
+void InstalarAdaptadores(const Adaptadores& adaptadores) { Instalados() = adaptadores; }
+
+Entorno& EntornoActual() { return Required(Instalados().entorno, "entorno"); }
+Suite& SuiteActual() { return Required(Instalados().suite, "suite"); }
+
+namespace ui {
+
+Toolkit& CurrentToolkit() { return Required(Instalados().toolkit, "toolkit"); }
+
+}  // namespace ui
+}  // namespace kvraedi

@@ -1,0 +1,133 @@
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "kvraedi/error.h"
+#include "kvraedi/export.h"
+#include "kvraedi/valor.h"
+
+namespace kvraedi {
+
+using Bytes = std::vector<std::byte>;
+
+/// The rows of one SELECT, read once from first to last. It stands on the first row when it is
+/// opened. Texts are UTF-8.
+///
+/// Lifetime: a recordset may outlive later statements on its connection, but not the connection.
+/// Destroying it closes it.
+class KVRAEDI_API Recordset {
+ public:
+  virtual ~Recordset();
+
+  virtual bool Eof() const = 0;
+  /// Raises when the database fails; the recordset is then at its end.
+  virtual void MoveNext() = 0;
+  /// Releases the rows. Closing twice is allowed.
+  virtual void Close() = 0;
+
+  /// Place of a field, from 0; names are compared without regard to case, and of two equal names
+  /// the first counts. Raises kErrorItemNotFound. Valid for all rows: look it up once per loop.
+  virtual int Field(std::string_view name) const = 0;
+  virtual bool IsNull(int field) const = 0;
+  bool IsNull(std::string_view name) const { return IsNull(Field(name)); }
+
+  /// The value as a T: bool, std::int16_t, std::int32_t, std::int64_t, double, Currency, FechaHora,
+  /// std::string, std::string_view (valid until MoveNext or Close) or Bytes. A null raises "Uso no
+  /// válido de Null", an integer that does not fit T "Desbordamiento", a text that is not of the
+  /// wanted kind "No coinciden los tipos".
+  template <class T>
+  T Get(int field) const {
+    if (IsNull(field)) ThrowInvalidNull();
+    return Read<T>(field);
+  }
+  template <class T>
+  T Get(std::string_view name) const {
+    return Get<T>(Field(name));
+  }
+  /// The same, but a null gives T's empty value: 0, false, "", no bytes.
+  template <class T>
+  T GetOrEmpty(int field) const {
+    return IsNull(field) ? T{} : Read<T>(field);
+  }
+  template <class T>
+  T GetOrEmpty(std::string_view name) const {
+    return GetOrEmpty<T>(Field(name));
+  }
+
+ protected:
+  // What an adapter offers; the field is never null when these are called.
+  virtual std::int64_t ReadInteger(int field) const = 0;
+  virtual double ReadDouble(int field) const = 0;
+  virtual Currency ReadCurrency(int field) const = 0;
+  virtual FechaHora ReadDate(int field) const = 0;
+  virtual bool ReadBool(int field) const = 0;
+  virtual std::string_view ReadText(int field) const = 0;
+  virtual Bytes ReadBytes(int field) const = 0;
+
+ private:
+  template <class T>
+  T Read(int field) const;
+};
+
+/// An open database, in the terms of ADO. The host owns its lifetime; the component never opens,
+/// closes or configures it. Statements are T-SQL text in UTF-8. Failures raise `Error` with the
+/// database's own text. One thread.
+class KVRAEDI_API Connection {
+ public:
+  virtual ~Connection();
+
+  /// Runs a SELECT. The recordset may stay open while other statements run on the connection.
+  virtual std::unique_ptr<Recordset> Open(std::string_view sql) = 0;
+  /// Runs a statement without rows; gives back the number of rows matched.
+  virtual std::int64_t Execute(std::string_view sql) = 0;
+
+  virtual void BeginTrans() = 0;
+  virtual void CommitTrans() = 0;
+  virtual void RollbackTrans() = 0;
+};
+
+/// Passes every call on: the base of connections that log, count or fail on purpose.
+class KVRAEDI_API ConnectionWrapper : public Connection {
+ public:
+  explicit ConnectionWrapper(std::shared_ptr<Connection> target) : target_(std::move(target)) {}
+
+  std::unique_ptr<Recordset> Open(std::string_view sql) override { return target_->Open(sql); }
+  std::int64_t Execute(std::string_view sql) override { return target_->Execute(sql); }
+  void BeginTrans() override { target_->BeginTrans(); }
+  void CommitTrans() override { target_->CommitTrans(); }
+  void RollbackTrans() override { target_->RollbackTrans(); }
+
+ protected:
+  Connection& Target() const { return *target_; }
+
+ private:
+  std::shared_ptr<Connection> target_;
+};
+
+template <class T>
+T Recordset::Read(int field) const {
+  if constexpr (std::is_same_v<T, bool>) {
+    return ReadBool(field);
+  } else if constexpr (std::is_integral_v<T>) {
+    const std::int64_t value = ReadInteger(field);
+    if (value != static_cast<T>(value)) ThrowOverflow();
+    return static_cast<T>(value);
+  } else if constexpr (std::is_same_v<T, double>) {
+    return ReadDouble(field);
+  } else if constexpr (std::is_same_v<T, Currency>) {
+    return ReadCurrency(field);
+  } else if constexpr (std::is_same_v<T, FechaHora>) {
+    return ReadDate(field);
+  } else if constexpr (std::is_same_v<T, Bytes>) {
+    return ReadBytes(field);
+  } else {
+    return T(ReadText(field));
+  }
+}
+
+}  // namespace kvraedi

@@ -1,0 +1,90 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "kvraedi/export.h"
+#include "kvraedi/valor.h"
+
+namespace kvraedi {
+
+/// Regional settings that show in texts: the sign between integer part and decimals.
+struct RegionalSettings {
+  char decimal = ',';
+};
+
+/// A file being written. Every call raises kErrorFile when the system refuses. Destroying it
+/// without Close() closes the file and drops any error: what was written may be incomplete.
+class KVRAEDI_API FileWriter {
+ public:
+  virtual ~FileWriter();
+  /// Appends the bytes.
+  virtual void Write(std::string_view bytes) = 0;
+  /// Hands all bytes to the system and closes. Closing twice is allowed.
+  virtual void Close() = 0;
+};
+
+/// The machine around the component: clock, names, settings and files. All access to files goes
+/// through it. Paths are native; operations raise kErrorFile with a Spanish text that names the
+/// path. One thread.
+class KVRAEDI_API Entorno {
+ public:
+  virtual ~Entorno();
+
+  /// Local date and time, to the second.
+  virtual FechaHora Now() = 0;
+  /// Local date and time for a file name. A real clock never gives the same second twice within a
+  /// process: it runs ahead instead. A fixed clock repeats itself.
+  virtual FechaHora FileStamp() = 0;
+  /// A new text that no other message carries, 40 characters at most.
+  virtual std::string NewMessageId() = 0;
+  virtual std::string TerminalName() = 0;
+  virtual RegionalSettings Region() = 0;
+
+  virtual bool FolderExists(const std::filesystem::path& folder) = 0;
+  virtual bool FileExists(const std::filesystem::path& file) = 0;
+  /// One level; the parent must exist. A folder that is already there is left alone.
+  virtual void MakeFolder(const std::filesystem::path& folder) = 0;
+  /// A new empty file, or an existing one emptied.
+  virtual std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) = 0;
+  /// Copies the bytes over `to`, made or replaced; they are on the disk when it returns.
+  virtual void Copy(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+  /// Moves within one folder, replacing what is there, in one step.
+  virtual void Rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
+  virtual void Delete(const std::filesystem::path& file) = 0;
+};
+
+/// Passes every call on: the base of environments that fix the clock or fail on purpose.
+class KVRAEDI_API EntornoWrapper : public Entorno {
+ public:
+  /// `target` must outlive the wrapper.
+  explicit EntornoWrapper(Entorno& target) : target_(target) {}
+
+  FechaHora Now() override { return target_.Now(); }
+  FechaHora FileStamp() override { return target_.FileStamp(); }
+  std::string NewMessageId() override { return target_.NewMessageId(); }
+  std::string TerminalName() override { return target_.TerminalName(); }
+  RegionalSettings Region() override { return target_.Region(); }
+  bool FolderExists(const std::filesystem::path& folder) override {
+    return target_.FolderExists(folder);
+  }
+  bool FileExists(const std::filesystem::path& file) override { return target_.FileExists(file); }
+  void MakeFolder(const std::filesystem::path& folder) override { target_.MakeFolder(folder); }
+  std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) override {
+    return target_.Create(file);
+  }
+  void Copy(const std::filesystem::path& from, const std::filesystem::path& to) override {
+    target_.Copy(from, to);
+  }
+  void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
+    target_.Rename(from, to);
+  }
+  void Delete(const std::filesystem::path& file) override { target_.Delete(file); }
+
+ private:
+  Entorno& target_;
+};
+
+}  // namespace kvraedi

@@ -1,0 +1,54 @@
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "kvraedi/export.h"
+#include "kvraedi/ui/form.h"
+
+namespace kvraedi::ui {
+
+enum class Icon { kNone, kInformation, kExclamation, kCritical, kQuestion };
+enum class Buttons { kOk, kYesNo };
+enum class Answer { kOk, kYes, kNo };
+enum class Pointer { kDefault = 0, kHourglass = 11 };
+
+struct MessageBox {
+  std::string text;
+  std::string title;
+  Icon icon = Icon::kNone;
+  Buttons buttons = Buttons::kOk;
+  Answer preset = Answer::kOk;  ///< the button that Enter presses
+};
+
+struct Font {
+  std::string_view family;
+  int points = 8;
+  bool bold = false;
+};
+
+/// Draws forms and message boxes. Forms belong to the component; an adapter keeps a native window
+/// for a form from Open to Close and never outlives it with a view. One thread.
+class KVRAEDI_API Toolkit {
+ public:
+  virtual ~Toolkit();
+
+  /// Shows the box and waits for the user.
+  virtual Answer Show(const MessageBox& box) = 0;
+  /// Shows the form's window, made if it is not there yet; the form counts as visible already. With
+  /// kModal returns when Hide or Close is called for the form. `owner` may be null.
+  virtual void Open(Form& form, ShowMode mode, Form* owner) = 0;
+  virtual void Hide(Form& form) = 0;
+  /// Takes the window away for good. Does nothing for a form that has none.
+  virtual void Close(Form& form) = 0;
+  /// Paints the form's window now, before the call returns.
+  virtual void Repaint(Form& form) = 0;
+  virtual void SetPointer(Pointer pointer) = 0;
+  /// Width of a text of one line in twips.
+  virtual int TextWidth(const Font& font, std::string_view text) = 0;
+};
+
+/// The toolkit in use; raises `Error` when the host has installed none.
+KVRAEDI_API Toolkit& CurrentToolkit();
+
+}  // namespace kvraedi::ui
