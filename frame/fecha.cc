@@ -120,8 +120,8 @@ std::string FechaHora::ToIso() const {
 
 FechaHora FechaHora::PlusSeconds(std::int64_t seconds) const {
   constexpr std::int64_t kDay = 24 * 60 * 60;
-  const std::int64_t total = DayNumber(year, month, day) * kDay + hour * 3600 + minute * 60 +
-                             second + seconds;
+  const std::int64_t total =
+      DayNumber(year, month, day) * kDay + hour * 3600 + minute * 60 + second + seconds;
   if (total < 0 || total >= DayNumber(10000, 1, 1) * kDay) ThrowOverflow();
   Parts parts = FromDayNumber(total / kDay);
   const int time = static_cast<int>(total % kDay);

@@ -1,0 +1,69 @@
+#include "frame/codigo1252.h"
+
+#include <algorithm>
+#include <array>
+#include <cstdint>
+
+namespace kvraedi {
+namespace {
+
+// Characters of the bytes 0x80 to 0x9F; 0 where the code page has none.
+constexpr std::array<char32_t, 32> kHigh = {
+    0x20AC, 0,      0x201A, 0x0192, 0x201E, 0x2026, 0x2020, 0x2021, 0x02C6, 0x2030, 0x0160,
+    0x2039, 0x0152, 0,      0x017D, 0,      0,      0x2018, 0x2019, 0x201C, 0x201D, 0x2022,
+    0x2013, 0x2014, 0x02DC, 0x2122, 0x0161, 0x203A, 0x0153, 0,      0x017E, 0x0178};
+
+constexpr char32_t kInvalid = 0xFFFFFFFF;
+
+unsigned char Byte(char c) { return static_cast<unsigned char>(c); }
+
+/// Takes one character off the front; a byte that begins none is taken alone.
+char32_t TakeCharacter(std::string_view& text) {
+  const unsigned char first = Byte(text.front());
+  std::size_t length = 1;
+  char32_t character = first;
+  if (first >= 0xC2 && first < 0xE0) {
+    length = 2;
+    character = first & 0x1FU;
+  } else if (first >= 0xE0 && first < 0xF0) {
+    length = 3;
+    character = first & 0x0FU;
+  } else if (first >= 0xF0 && first < 0xF5) {
+    length = 4;
+    character = first & 0x07U;
+  } else if (first >= 0x80) {
+    character = kInvalid;
+  }
+  for (std::size_t i = 1; i < length; ++i) {
+    if (i >= text.size() || (Byte(text[i]) & 0xC0U) != 0x80U) {
+      text.remove_prefix(i);
+      return kInvalid;
+    }
+    character = (character << 6U) | (Byte(text[i]) & 0x3FU);
+  }
+  text.remove_prefix(length);
+  return character;
+}
+
+char ToByte(char32_t character) {
+  if (character == '\r' || character == '\n' || character == '\t') return ' ';
+  if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
+    return static_cast<char>(character);
+  }
+  const auto* const found = std::find(kHigh.begin(), kHigh.end(), character);
+  if (found == kHigh.end()) return '?';
+  return static_cast<char>(0x80 + (found - kHigh.begin()));
+}
+
+}  // namespace
+
+Escrito1252 Escribir1252(std::string_view utf8, std::span<char> destino) {
+  std::size_t used = 0;
+  while (!utf8.empty()) {
+    if (used == destino.size()) return {used, false};
+    destino[used++] = ToByte(TakeCharacter(utf8));
+  }
+  return {used, true};
+}
+
+}  // namespace kvraedi

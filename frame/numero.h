@@ -1,0 +1,43 @@
+#pragma once
+
+#include <charconv>
+#include <cstdint>
+#include <limits>
+#include <string_view>
+
+#include "kvraedi/error.h"
+#include "kvraedi/valor.h"
+
+namespace kvraedi {
+
+/// a * b, exact, taken to four decimals half away from zero.
+Currency Producto(Currency a, Currency b);
+
+/// The suite's rounding: to `decimales` (0 to 4) decimals, halves away from zero.
+Currency Redondear(Currency valor, int decimales);
+
+/// price * units - (price * units * discount percentage) / 100, computed exactly, then taken to
+/// four decimals half away from zero.
+Currency ImporteConDescuento(Currency precio, Currency unidades, Currency porcentaje);
+
+/// A whole number of narrower type; raises "Desbordamiento" when it does not fit.
+template <class To, class From>
+To Estrechar(From valor) {
+  if (valor < std::numeric_limits<To>::min() || valor > std::numeric_limits<To>::max()) {
+    ThrowOverflow();
+  }
+  return static_cast<To>(valor);
+}
+
+/// Reads a whole number; raises "No coinciden los tipos" or "Desbordamiento".
+template <class T>
+T Entero(std::string_view texto) {
+  T valor{};
+  const char* const end = texto.data() + texto.size();
+  const auto [last, error] = std::from_chars(texto.data(), end, valor);
+  if (error == std::errc::result_out_of_range) ThrowOverflow();
+  if (error != std::errc{} || last != end) ThrowTypeMismatch();
+  return valor;
+}
+
+}  // namespace kvraedi

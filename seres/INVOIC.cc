@@ -1,0 +1,100 @@
+#include <filesystem>
+#include <optional>
+#include <string>
+
+#include "frame/accion.h"
+#include "frame/fichero_envio.h"
+#include "frame/formato.h"
+#include "frame/puertos.h"
+#include "frame/sesion.h"
+#include "kvraedi/error.h"
+#include "seres/consultas_invoic.h"
+#include "seres/escritores_invoic.h"
+#include "seres/modSeres.h"
+
+namespace kvraedi {
+namespace {
+
+using invoic::ClaveFactura;
+
+std::filesystem::path RaizEnvios(Entorno& entorno) {
+  auto raiz = ParametroRuta("EDI_PathFichEnvios");
+  if (!entorno.FolderExists(raiz)) {
+    throw Error(1, "clsSeres.INVOIC", "No existe la ruta para generación de ficheros EDI");
+  }
+  return raiz;
+}
+
+/// Name of a new file. A name that the year's folder holds already is passed over, unless the clock
+/// is fixed: then the new file replaces the old one.
+std::string NombreFichero(Entorno& entorno, const std::filesystem::path& carpeta) {
+  std::optional<FechaHora> anterior;
+  for (;;) {
+    const FechaHora momento = entorno.FileStamp();
+    std::string nombre = "INVOIC" + FormatearFecha(momento, "yyyymmddhhnnss") + ".txt";
+    if (momento == anterior || !entorno.FileExists(carpeta / nombre)) return nombre;
+    anterior = momento;
+  }
+}
+
+ClaveFactura ClaveDe(const Recordset& factura) {
+  return {factura.Get<std::int16_t>("Cod_Empresa"), factura.Get<std::int16_t>("Cod_Ejercicio"),
+          factura.Get<std::int16_t>("Serie"), factura.Get<std::int32_t>("Codigo"),
+          factura.Get<std::int16_t>("TipoDoc")};
+}
+
+/// Writes all records; gives back the identifier of a first sending, nothing for a repeated one.
+std::optional<std::string> EscribirMensaje(const invoic::Mensaje& mensaje, Entorno& entorno) {
+  const std::string identificador = entorno.NewMessageId();
+  const bool enviadaAntes = mensaje.factura.GetOrEmpty<std::int16_t>("EDI_Tx") > 0;
+  EscribirRectl(mensaje, identificador, entorno.Now());
+  EscribirSincc(mensaje, enviadaAntes);
+  EscribirSincp(mensaje);
+  EscribirSinct(mensaje);
+  EscribirSincv(mensaje);
+  EscribirSincd(mensaje);
+  EscribirLineas(mensaje);
+  EscribirSinci(mensaje);
+  if (enviadaAntes) return std::nullopt;
+  return identificador;
+}
+
+void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave) {
+  Entorno& entorno = EntornoActual();
+  const Empresa& empresa = EmpresaActual();
+  Connection& conexion = ConexionActual();
+
+  const auto raiz = RaizEnvios(entorno);
+  const auto carpeta = raiz / std::to_string(clave.ejercicio);
+  const auto temporal = raiz / "Temp";
+  entorno.MakeFolder(carpeta);
+  entorno.MakeFolder(temporal);
+
+  const auto factura =
+      conexion.Open(invoic::ConsultaFactura(clave, empresa.EmpresaClientes(), cliente));
+  const std::string nombre = NombreFichero(entorno, carpeta);
+  FicheroEnvio fichero(entorno, temporal, carpeta, nombre);
+  std::optional<std::string> registro;
+  if (!factura->Eof()) {
+    const invoic::Mensaje mensaje{conexion, empresa,           entorno.Region(),
+                                  *factura, ClaveDe(*factura), fichero};
+    const auto identificador = EscribirMensaje(mensaje, entorno);
+    if (identificador) registro = InsertarEnvio(mensaje.clave, *identificador, nombre);
+  }
+  factura->Close();
+  fichero.Preparar();
+  if (registro) conexion.Execute(*registro);
+  fichero.Publicar();
+}
+
+}  // namespace
+
+bool INVOIC(std::int16_t cliente, std::int16_t serie, std::int32_t codigo, std::int16_t tipoDoc,
+            std::int16_t ejercicio) {
+  return Accion("clsSeres:INVOIC", [&] {
+    const std::int16_t empresa = EmpresaActual().CodigoEmpresa();
+    GenerarFichero(cliente, {empresa, ejercicio, serie, codigo, tipoDoc});
+  });
+}
+
+}  // namespace kvraedi
