@@ -1,0 +1,120 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/demo/esquema.h"
+#include "kvraedi/adaptadores.h"
+#include "kvraedi/sesion.h"
+#include "platform/headless/headless_toolkit.h"
+#include "platform/os/entorno_sistema.h"
+#include "platform/sqlite/sqlite_connection.h"
+#include "platform/suite/empresa_suite.h"
+#include "platform/suite/suite_referencia.h"
+#include "tests/apoyo/fallos.h"
+#include "tests/platform/os/carpeta_temporal.h"
+
+namespace kvraedi {
+
+/// A company object whose answers a test can change.
+class EmpresaDePrueba : public EmpresaSuite {
+ public:
+  using EmpresaSuite::EmpresaSuite;
+  bool AplicaIGIC() const override { return igic; }
+  bool igic = true;
+};
+
+/// A host in small: the suite's tables in a SQLite file, files in a temporary folder, a clock that
+/// stands still, faults on demand. Company 1, customer 100 on INVOIC.
+class Escenario : public testing::Test {
+ protected:
+  void SetUp() override {
+    base = std::make_shared<SqliteConnection>(
+        (carpeta / "kvraedi.db").string(),
+        SqliteOptions{.create = true, .durability = Durability::kNone});
+    base->Run(EsquemaSql());
+    base->Run(FuncionesSql());
+    base->Run(R"(
+INSERT INTO Empresas (Codigo, Nombre_1, Nombre_2, Direccion, CP, Localidad, Provincia, Pais, Telefono, Fax, Nif, Emp_Articulos, Emp_Clientes, Emp_Proveedores, Aplica_IGIC)
+  VALUES (1, 'Ñandú y Cía, S.L.', 'Mayorista', 'C/ Mayor, 1', '35001', 'Las Palmas', 'Las Palmas de GC', 'ESP', '928000000', '928000001', 'B35000000', 1, 1, 1, 1);
+INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathFichEnvios', 'Envíos EDI');
+INSERT INTO Empresas_Parametros VALUES (1, 'EDI_GLNEmpresa', '8400000000017');
+INSERT INTO Empresas_Parametros VALUES (1, 'EDI_RegistroMercantil', 'R.M. Las Palmas T.1 F.2');
+INSERT INTO Impuestos VALUES (1, 'IGIC 7', 7);
+INSERT INTO Impuestos VALUES (2, 'IGIC 3', 3);
+INSERT INTO Paises (Cod_Pais, Nombre, ISOCodigo) VALUES (34, 'España', 'ES');
+INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre) VALUES (1, 5, 'Almacén Sur');
+INSERT INTO EDI_Plataforma VALUES (2, 'SERES');
+INSERT INTO EDI_TipoMsg VALUES (2, 1, 'INVOIC');
+INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Nif, Direccion, CP, Localidad, Provincia, Cod_Pais, Telefono, Fax, EDI_GLN, Cod_EDIPlat_Fra, Cod_EDITipoMsg_Fra)
+  VALUES (1, 100, 'O''Donnell, S.A.', 'A28000000', 'Gran Vía, 2', '28013', 'Madrid', 'Madrid', 34, '910000000', '910000001', '8411111111111', 2, 1);
+)");
+    std::filesystem::create_directory(envios);
+    empresa = std::make_shared<EmpresaDePrueba>(*base, std::int16_t{1}, carpeta.Ruta());
+    conexion = std::make_shared<ConexionConFallos>(base);
+    InstalarAdaptadores({.entorno = &entorno, .toolkit = &toolkit, .suite = &suite});
+    PropiedadesSesion sesion;
+    sesion.EmpresaKestrova(empresa);
+    sesion.ConexionKestrova(conexion);
+  }
+
+  void TearDown() override {
+    if (ui::Form* form = toolkit.OpenForm("frmMsg")) form->Unload();
+    PropiedadesSesion sesion;
+    sesion.EmpresaKestrova(nullptr);
+    sesion.ConexionKestrova(nullptr);
+    InstalarAdaptadores({});
+  }
+
+  /// An invoice of 20/02/2024 of one line, total 107, for customer 100.
+  void InsertarFactura(int codigo, std::string_view cambios = {}) {
+    const std::string clave = "1, 2024, 3, " + std::to_string(codigo) + ", 0";
+    base->Execute(
+        "INSERT INTO Facturas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Fecha, Hora, "
+        "Cliente, Almacen, ImporteB, Impuestos, Total) VALUES (" +
+        clave + ", '20/02/2024', '20/02/2024 10:45:30', 100, 5, 100, 7, 107)");
+    base->Execute(
+        "INSERT INTO Facturas_Lineas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, "
+        "Num_Linea, Cod_Articulo, Descripcion, Unidades, Precio, PrecioG, Impuesto) VALUES (" +
+        clave + ", 1, 501, 'Queso', 4, 25, 30, 1)");
+    base->Execute(
+        "INSERT INTO Facturas_Impuestos (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Tipo, "
+        "Base, Importe) VALUES (" +
+        clave + ", 1, 100, 7)");
+    if (!cambios.empty()) {
+      base->Execute("UPDATE Facturas SET " + std::string(cambios) +
+                    " WHERE Codigo = " + std::to_string(codigo));
+    }
+  }
+
+  int Contar(std::string_view sql) const { return base->Open(sql)->Get<std::int32_t>(0); }
+
+  /// Names of the files in a folder below the sending root, in order.
+  std::vector<std::string> Ficheros(const std::string& subcarpeta) const {
+    std::vector<std::string> nombres;
+    if (!std::filesystem::exists(envios / subcarpeta)) return nombres;
+    for (const auto& entrada : std::filesystem::directory_iterator(envios / subcarpeta)) {
+      nombres.push_back(entrada.path().filename().string());
+    }
+    std::sort(nombres.begin(), nombres.end());
+    return nombres;
+  }
+
+  CarpetaTemporal carpeta;
+  std::filesystem::path envios = carpeta / "Envíos EDI";
+  EntornoSistema sistema{{.ahora = FechaHora{2024, 3, 1, 9, 8, 7}, .semillaId = 1}};
+  EntornoConFallos entorno{sistema};
+  HeadlessToolkit toolkit;
+  SuiteReferencia suite;
+  std::shared_ptr<SqliteConnection> base;
+  std::shared_ptr<ConexionConFallos> conexion;
+  std::shared_ptr<EmpresaDePrueba> empresa;
+};
+
+}  // namespace kvraedi

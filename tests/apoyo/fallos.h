@@ -1,0 +1,101 @@
+#pragma once
+
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include "kvraedi/conexion.h"
+#include "kvraedi/entorno.h"
+#include "kvraedi/error.h"
+
+namespace kvraedi {
+
+/// Counts operations and makes the k-th of them fail (from 1; 0 never).
+class Fallo {
+ public:
+  void FallarEn(int operacion) {
+    restantes_ = operacion;
+    operaciones_ = 0;
+    disparado_ = false;
+  }
+  void Paso(const char* texto) {
+    ++operaciones_;
+    if (restantes_ > 0 && --restantes_ == 0) {
+      disparado_ = true;
+      throw Error(kErrorFile, "prueba", texto);
+    }
+  }
+  bool Disparado() const { return disparado_; }
+  int Operaciones() const { return operaciones_; }
+
+ private:
+  int restantes_ = 0;
+  int operaciones_ = 0;
+  bool disparado_ = false;
+};
+
+/// A machine whose k-th change of files fails: making, writing, closing, copying, renaming,
+/// deleting. What went before has really happened.
+class EntornoConFallos : public EntornoWrapper {
+ public:
+  using EntornoWrapper::EntornoWrapper;
+  Fallo fallo;
+
+  void MakeFolder(const std::filesystem::path& folder) override {
+    fallo.Paso("No queda espacio");
+    EntornoWrapper::MakeFolder(folder);
+  }
+  std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) override {
+    fallo.Paso("No queda espacio");
+    return std::make_unique<Escritor>(fallo, EntornoWrapper::Create(file));
+  }
+  void Copy(const std::filesystem::path& from, const std::filesystem::path& to) override {
+    fallo.Paso("No queda espacio");
+    EntornoWrapper::Copy(from, to);
+  }
+  void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
+    fallo.Paso("Permiso denegado");
+    EntornoWrapper::Rename(from, to);
+  }
+  void Delete(const std::filesystem::path& file) override {
+    fallo.Paso("Permiso denegado");
+    EntornoWrapper::Delete(file);
+  }
+
+ private:
+  class Escritor : public FileWriter {
+   public:
+    Escritor(Fallo& fallo, std::unique_ptr<FileWriter> real)
+        : fallo_(fallo), real_(std::move(real)) {}
+    void Write(std::string_view bytes) override {
+      fallo_.Paso("No queda espacio");
+      real_->Write(bytes);
+    }
+    void Close() override {
+      fallo_.Paso("No queda espacio");
+      real_->Close();
+    }
+
+   private:
+    Fallo& fallo_;
+    std::unique_ptr<FileWriter> real_;
+  };
+};
+
+/// A database whose k-th statement fails.
+class ConexionConFallos : public ConnectionWrapper {
+ public:
+  using ConnectionWrapper::ConnectionWrapper;
+  Fallo fallo;
+
+  std::unique_ptr<Recordset> Open(std::string_view sql) override {
+    fallo.Paso("Conexión perdida");
+    return ConnectionWrapper::Open(sql);
+  }
+  std::int64_t Execute(std::string_view sql) override {
+    fallo.Paso("Conexión perdida");
+    return ConnectionWrapper::Execute(sql);
+  }
+};
+
+}  // namespace kvraedi

@@ -1,0 +1,89 @@
+#include <gtest/gtest.h>
+
+#include "kvraedi/ui/form.h"
+
+namespace kvraedi {
+namespace {
+
+struct GridForm : ui::Form {
+  GridForm() : Form("frmTabla", "") {
+    constexpr ui::GridColumn kColumns[] = {{"A"}, {"B"}, {"C"}};
+    grid.SetColumns(kColumns);
+  }
+  void Add(std::initializer_list<std::string_view> cells) {
+    grid.AddRow(std::span(cells.begin(), cells.size()));
+  }
+  ui::Grid grid{*this, "grid"};
+};
+
+TEST(Grid, KeepsCellsOfEveryLengthApart) {
+  GridForm form;
+  form.Add({"1", "", "tres"});
+  form.Add({"x"});
+  form.grid.SetCell(1, 1, "dos");
+  form.grid.SetCell(1, 0, "");
+  form.grid.SetCell(1, 2, std::string_view("a\0b", 3));
+  form.grid.SetCell(2, 2, "fin");
+  EXPECT_EQ(form.grid.Cell(0, 1), "B");
+  EXPECT_EQ(form.grid.Cell(1, 0), "");
+  EXPECT_EQ(form.grid.Cell(1, 1), "dos");
+  EXPECT_EQ(form.grid.Cell(1, 2), "a b");
+  EXPECT_EQ(form.grid.Cell(2, 0), "x");
+  EXPECT_EQ(form.grid.Cell(2, 1), "");
+  EXPECT_EQ(form.grid.Cell(2, 2), "fin");
+}
+
+TEST(Grid, PlacesOutsideAreEmptyAndNotWritten) {
+  GridForm form;
+  form.Add({"1", "2", "3"});
+  form.grid.SetCell(0, 0, "x");
+  form.grid.SetCell(2, 0, "x");
+  form.grid.SetCell(1, 3, "x");
+  EXPECT_EQ(form.grid.Cell(0, 0), "A");
+  EXPECT_EQ(form.grid.Cell(2, 0), "");
+  EXPECT_EQ(form.grid.Cell(1, -1), "");
+  EXPECT_EQ(form.grid.Cell(1, 2), "3");
+}
+
+TEST(Grid, ClicksMoveTheCursorOnDataRowsOnly) {
+  GridForm form;
+  std::vector<std::pair<int, int>> clicks;
+  form.grid.onClick = [&](int row, int col) { clicks.emplace_back(row, col); };
+  form.Add({"1"});
+  form.grid.Click(1, 2);
+  form.grid.Click(0, 1);
+  form.grid.Click(5, 0);
+  EXPECT_EQ(clicks, (std::vector<std::pair<int, int>>{{1, 2}, {0, 1}}));
+  EXPECT_EQ(form.grid.Row(), 1);
+  form.grid.Reset();
+  EXPECT_EQ(form.grid.Row(), 0);
+  EXPECT_EQ(form.grid.Rows(), 1);
+}
+
+/// What a native table is told.
+struct View : ui::GridView {
+  void Refresh() override {}
+  void TakeFocus() override {}
+  void RowsChanged() override { ++rows; }
+  void CellChanged(int /*row*/, int /*col*/) override { ++cells; }
+  void CurrentRowChanged() override {}
+  int rows = 0, cells = 0;
+};
+
+TEST(Grid, TellsTheTableOnceWhenRedrawingIsResumed) {
+  GridForm form;
+  View view;
+  form.grid.AttachGridView(&view);
+  form.grid.SetRedraw(false);
+  for (int i = 0; i < 10; ++i) form.Add({"1"});
+  form.grid.SetCell(3, 0, "0");
+  EXPECT_EQ(view.rows + view.cells, 0);
+  form.grid.SetRedraw(true);
+  form.grid.SetCell(3, 0, "1");
+  EXPECT_EQ(view.rows, 1);
+  EXPECT_EQ(view.cells, 1);
+  form.grid.DetachGridView();
+}
+
+}  // namespace
+}  // namespace kvraedi
