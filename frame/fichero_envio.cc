@@ -6,18 +6,12 @@
 #include "kvraedi/error.h"
 
 namespace kvraedi {
-namespace {
-
-constexpr std::size_t kBloque = std::size_t{64} * 1024;
-
-}  // namespace
-
 FicheroEnvio::FicheroEnvio(Entorno& entorno, const std::filesystem::path& trabajo,
                            const std::filesystem::path& destino, const std::string& nombre)
     : entorno_(entorno),
       trabajo_(trabajo / nombre),
       final_(destino / nombre),
-      escritor_(entorno.Create(trabajo_)) {}
+      escritor_(std::make_unique<EscritorTexto>(entorno.Create(trabajo_))) {}
 
 FicheroEnvio::~FicheroEnvio() {
   escritor_.reset();
@@ -25,19 +19,8 @@ FicheroEnvio::~FicheroEnvio() {
   Retirar(copia_);
 }
 
-void FicheroEnvio::Linea(std::string_view registro) {
-  pendiente_.append(registro).append("\r\n");
-  if (pendiente_.size() >= kBloque) Vaciar();
-}
-
-void FicheroEnvio::Vaciar() {
-  if (!pendiente_.empty()) escritor_->Write(pendiente_);
-  pendiente_.clear();
-}
-
 void FicheroEnvio::Preparar() {
-  Vaciar();
-  escritor_->Close();
+  escritor_->Cerrar();
   std::filesystem::path copia = final_;
   copia += ".parcial";
   copia_ = copia;

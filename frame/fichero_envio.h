@@ -3,8 +3,8 @@
 #include <filesystem>
 #include <memory>
 #include <string>
-#include <string_view>
 
+#include "frame/escritor_texto.h"
 #include "kvraedi/entorno.h"
 
 namespace kvraedi {
@@ -21,8 +21,7 @@ class FicheroEnvio {
   FicheroEnvio(const FicheroEnvio&) = delete;
   FicheroEnvio& operator=(const FicheroEnvio&) = delete;
 
-  /// Appends a record of bytes in the file's code page and ends it with CR LF.
-  void Linea(std::string_view registro);
+  EscritorTexto& Texto() { return *escritor_; }
   /// Closes the file, copies it to the destination under a name of its own and takes it out of the
   /// work folder.
   void Preparar();
@@ -30,15 +29,13 @@ class FicheroEnvio {
   void Publicar();
 
  private:
-  void Vaciar();
   void Retirar(std::filesystem::path& fichero) noexcept;
 
   Entorno& entorno_;
   std::filesystem::path trabajo_;  // each path is empty when there is no such file
   std::filesystem::path copia_;
   std::filesystem::path final_;
-  std::unique_ptr<FileWriter> escritor_;
-  std::string pendiente_;
+  std::unique_ptr<EscritorTexto> escritor_;
 };
 
 }  // namespace kvraedi

@@ -62,6 +62,9 @@ class Registro {
   /// The record ends after this field.
   void TerminarEn(const Campo& campo) { linea_.resize(campo.posicion - 1 + campo.ancho); }
 
+  /// The record goes without this field; those behind it move up. The last thing done to a record.
+  void Quitar(const Campo& campo) { linea_.erase(campo.posicion - 1, campo.ancho); }
+
   const std::string& Linea() const { return linea_; }
 
  private:

@@ -12,7 +12,9 @@ Control::Control(Form& form, std::string name) : form_(form), name_(std::move(na
   form_.controls_.push_back(this);
 }
 
-Control::~Control() = default;
+Control::~Control() {
+  if (view_ != nullptr) view_->ControlGone();
+}
 
 void Control::SetEnabled(bool enabled) {
   enabled_ = enabled;

@@ -78,7 +78,7 @@ void Form::Unload() {
   visible_ = false;
   OnUnload();
   if (onUnload) onUnload();
-  CurrentToolkit().Close(*this);
+  if (view_ != nullptr) CurrentToolkit().Close(*this);
 }
 
 Control* Form::Find(std::string_view name) const {

@@ -20,9 +20,9 @@ struct RegionalSettings {
 class KVRAEDI_API FileWriter {
  public:
   virtual ~FileWriter();
-  /// Appends the bytes.
+  /// Appends the bytes and hands them to the system: callers with many small pieces collect them.
   virtual void Write(std::string_view bytes) = 0;
-  /// Hands all bytes to the system and closes. Closing twice is allowed.
+  /// Closes the file. Closing twice is allowed.
   virtual void Close() = 0;
 };
 
@@ -42,6 +42,9 @@ class KVRAEDI_API Entorno {
   virtual std::string NewMessageId() = 0;
   virtual std::string TerminalName() = 0;
   virtual RegionalSettings Region() = 0;
+  /// The folder that stands for the root of the system drive ("C:\\"), where files of a fixed place
+  /// go.
+  virtual std::filesystem::path DriveRoot() = 0;
 
   virtual bool FolderExists(const std::filesystem::path& folder) = 0;
   virtual bool FileExists(const std::filesystem::path& file) = 0;
@@ -49,6 +52,8 @@ class KVRAEDI_API Entorno {
   virtual void MakeFolder(const std::filesystem::path& folder) = 0;
   /// A new empty file, or an existing one emptied.
   virtual std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) = 0;
+  /// The file with what it holds kept, written at its end; made when it is not there.
+  virtual std::unique_ptr<FileWriter> Append(const std::filesystem::path& file) = 0;
   /// Copies the bytes over `to`, made or replaced; they are on the disk when it returns.
   virtual void Copy(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
   /// Moves within one folder, replacing what is there, in one step.
@@ -67,6 +72,7 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
   std::string NewMessageId() override { return target_.NewMessageId(); }
   std::string TerminalName() override { return target_.TerminalName(); }
   RegionalSettings Region() override { return target_.Region(); }
+  std::filesystem::path DriveRoot() override { return target_.DriveRoot(); }
   bool FolderExists(const std::filesystem::path& folder) override {
     return target_.FolderExists(folder);
   }
@@ -74,6 +80,9 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
   void MakeFolder(const std::filesystem::path& folder) override { target_.MakeFolder(folder); }
   std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) override {
     return target_.Create(file);
+  }
+  std::unique_ptr<FileWriter> Append(const std::filesystem::path& file) override {
+    return target_.Append(file);
   }
   void Copy(const std::filesystem::path& from, const std::filesystem::path& to) override {
     target_.Copy(from, to);

@@ -49,16 +49,20 @@ class EntornoConFallos : public EntornoWrapper {
     fallo.Paso("No queda espacio");
     return std::make_unique<Escritor>(fallo, EntornoWrapper::Create(file));
   }
+  std::unique_ptr<FileWriter> Append(const std::filesystem::path& file) override {
+    fallo.Paso("No queda espacio");
+    return std::make_unique<Escritor>(fallo, EntornoWrapper::Append(file));
+  }
   void Copy(const std::filesystem::path& from, const std::filesystem::path& to) override {
     fallo.Paso("No queda espacio");
     EntornoWrapper::Copy(from, to);
   }
   void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
-    fallo.Paso("Permiso denegado");
+    fallo.Paso("No queda espacio");
     EntornoWrapper::Rename(from, to);
   }
   void Delete(const std::filesystem::path& file) override {
-    fallo.Paso("Permiso denegado");
+    fallo.Paso("No queda espacio");
     EntornoWrapper::Delete(file);
   }
 

@@ -20,8 +20,8 @@ class FicheroEnvioTest : public testing::Test {
 
   void Enviar() {
     FicheroEnvio fichero(entorno, raiz / "Temp", raiz / "2024", "año.txt");
-    fichero.Linea("uno");
-    fichero.Linea(std::string(100000, 'x'));
+    fichero.Texto().Linea("uno");
+    fichero.Texto().Linea(std::string(100000, 'x'));
     fichero.Preparar();
     fichero.Publicar();
   }

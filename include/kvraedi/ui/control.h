@@ -18,6 +18,8 @@ class KVRAEDI_API ControlView {
   /// The control's state changed: show it again.
   virtual void Refresh() = 0;
   virtual void TakeFocus() = 0;
+  /// The control ends; the view must not use it any more.
+  virtual void ControlGone() {}
 };
 
 /// A control of a form: a plain object with state and events. Program code changes it through the
