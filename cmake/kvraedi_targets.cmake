@@ -1,7 +1,10 @@
+# Installed programs find the library beside them, wherever the package is put.
+set(CMAKE_INSTALL_RPATH $ORIGIN/../${CMAKE_INSTALL_LIBDIR})
+
 # What every target of the project is compiled with.
 function(kvraedi_settings target)
   target_compile_options(${target} PRIVATE
-    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Werror)
+    -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wno-missing-field-initializers -Werror)
   if(KVRAEDI_SANITIZE)
     target_compile_options(${target} PRIVATE
       -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -18,10 +21,12 @@ function(kvraedi_adapter name)
   target_link_libraries(kvraedi_${name}
     PUBLIC kvraedi_headers $<INSTALL_INTERFACE:kvraedi::kvraedi>
     PRIVATE ${ARG_LIBRARIES})
+  # Installed headers keep their name, "platform/<name>/x.h", in a folder of their own.
+  set(headers ${CMAKE_INSTALL_INCLUDEDIR}/kvraedi-platform)
+  target_include_directories(kvraedi_${name} INTERFACE $<INSTALL_INTERFACE:${headers}>)
   set_target_properties(kvraedi_${name} PROPERTIES EXPORT_NAME ${name})
   install(TARGETS kvraedi_${name} EXPORT kvraedi ARCHIVE DESTINATION ${CMAKE_INSTALL_LIBDIR})
-  install(FILES ${ARG_HEADERS}
-    DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/kvraedi/platform/${name})
+  install(FILES ${ARG_HEADERS} DESTINATION ${headers}/platform/${name})
 endfunction()
 
 # A test program, registered test by test. Links the component's internals and the named adapters.

@@ -1,0 +1,130 @@
+#include "platform/sqlite/functions.h"
+
+#include <sqlite3.h>
+
+#include <ctime>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "kvraedi/error.h"
+#include "platform/sqlite/collations.h"
+#include "platform/sqlite/literal.h"
+#include "platform/sqlite/numbers.h"
+
+namespace kvraedi::sqlite {
+namespace {
+
+using Clock = std::function<FechaHora()>;
+
+std::string_view TextOf(sqlite3_value* value) {
+  const auto* text = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  if (text == nullptr) return {};
+  return {text, static_cast<std::size_t>(sqlite3_value_bytes(value))};
+}
+
+void Answer(sqlite3_context* context, std::string_view text) {
+  sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+}
+
+FechaHora SystemNow() {
+  const std::time_t now = std::time(nullptr);
+  std::tm parts{};
+  localtime_r(&now, &parts);
+  return {static_cast<std::int16_t>(parts.tm_year + 1900),
+          static_cast<std::int8_t>(parts.tm_mon + 1),
+          static_cast<std::int8_t>(parts.tm_mday),
+          static_cast<std::int8_t>(parts.tm_hour),
+          static_cast<std::int8_t>(parts.tm_min),
+          static_cast<std::int8_t>(parts.tm_sec < 60 ? parts.tm_sec : 59)};
+}
+
+void Now(sqlite3_context* context, int, sqlite3_value**) {
+  const auto& clock = *static_cast<const Clock*>(sqlite3_user_data(context));
+  try {
+    Answer(context, (clock ? clock() : SystemNow()).ToIso());
+  } catch (const std::exception& error) {
+    sqlite3_result_error(context, error.what(), -1);
+  }
+}
+
+void Round(sqlite3_context* context, int count, sqlite3_value** values) {
+  const int type = sqlite3_value_numeric_type(values[0]);
+  const bool null =
+      type == SQLITE_NULL || (count == 2 && sqlite3_value_type(values[1]) == SQLITE_NULL);
+  if (null) return;
+  const int places = count == 2 ? sqlite3_value_int(values[1]) : 0;
+  if (type == SQLITE_INTEGER && places >= 0) {
+    sqlite3_result_int64(context, sqlite3_value_int64(values[0]));
+  } else {
+    sqlite3_result_double(context, RoundDecimal(sqlite3_value_double(values[0]), places));
+  }
+}
+
+void Length(sqlite3_context* context, int, sqlite3_value** values) {
+  if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
+  std::string_view text = TextOf(values[0]);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  std::int64_t characters = 0;
+  for (const char c : text) characters += (static_cast<unsigned char>(c) & 0xC0U) != 0x80 ? 1 : 0;
+  sqlite3_result_int64(context, characters);
+}
+
+void AnswerDate(sqlite3_context* context, sqlite3_value* value, bool keeps_time) {
+  if (sqlite3_value_type(value) == SQLITE_NULL) return;
+  const std::string_view text = TextOf(value);
+  auto date = FechaHora::Parse(text);
+  if (!date) {
+    const std::string message = BadDateMessage(text);
+    sqlite3_result_error(context, message.data(), static_cast<int>(message.size()));
+    return;
+  }
+  if (!keeps_time) date->hour = date->minute = date->second = 0;
+  Answer(context, date->ToIso());
+}
+
+void Date(sqlite3_context* context, int, sqlite3_value** values) {
+  AnswerDate(context, values[0], true);
+}
+
+void Day(sqlite3_context* context, int, sqlite3_value** values) {
+  AnswerDate(context, values[0], false);
+}
+
+void Text(sqlite3_context* context, int, sqlite3_value** values) {
+  if (sqlite3_value_type(values[0]) == SQLITE_FLOAT) {
+    Answer(context, RealText(sqlite3_value_double(values[0])));
+  } else {
+    sqlite3_result_value(context, values[0]);
+  }
+}
+
+using Function = void (*)(sqlite3_context*, int, sqlite3_value**);
+
+void Add(sqlite3* db, const char* name, int arguments, Function function) {
+  constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
+  const int result = sqlite3_create_function_v2(db, name, arguments, kFlags, nullptr, function,
+                                                nullptr, nullptr, nullptr);
+  if (result != SQLITE_OK) throw Error(kErrorDatabase, "SQLite", sqlite3_errmsg(db));
+}
+
+}  // namespace
+
+void AddFunctions(sqlite3* db, Clock clock) {
+  Add(db, "ROUND", 1, Round);
+  Add(db, "ROUND", 2, Round);
+  Add(db, "LEN", 1, Length);
+  Add(db, "kvr_fecha", 1, Date);
+  Add(db, "kvr_dia", 1, Day);
+  Add(db, "kvr_texto", 1, Text);
+  auto owned = std::make_unique<Clock>(std::move(clock));
+  const auto destroy = [](void* data) { delete static_cast<Clock*>(data); };
+  // SQLite destroys the clock, also when this call fails.
+  const int result = sqlite3_create_function_v2(db, "kvr_ahora", 0, SQLITE_UTF8 | SQLITE_INNOCUOUS,
+                                                owned.release(), Now, nullptr, nullptr, destroy);
+  if (result != SQLITE_OK) throw Error(kErrorDatabase, "SQLite", sqlite3_errmsg(db));
+}
+
+}  // namespace kvraedi::sqlite

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <functional>
+
+#include "kvraedi/valor.h"
+
+struct sqlite3;
+
+namespace kvraedi::sqlite {
+
+/// Adds what SQLite lacks of T-SQL, and replaces ROUND:
+///   ROUND(x [, n])   the 15 significant digits of x, halves away from zero
+///   LEN(text)        characters without trailing blanks
+///   kvr_ahora()      the clock's date and time, as FechaHora::ToIso writes it
+///   kvr_fecha(text)  the same form of any date text; fails when it is none
+///   kvr_dia(text)    the same without time
+///   kvr_texto(x)     a number as text with 15 significant digits, a text as it is
+void AddFunctions(sqlite3* db, std::function<FechaHora()> clock);
+
+}  // namespace kvraedi::sqlite

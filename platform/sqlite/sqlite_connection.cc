@@ -1,0 +1,209 @@
+#include "platform/sqlite/sqlite_connection.h"
+
+#include <sqlite3.h>
+
+#include <utility>
+
+#include "kvraedi/error.h"
+#include "platform/sqlite/collations.h"
+#include "platform/sqlite/database.h"
+#include "platform/sqlite/functions.h"
+#include "platform/sqlite/scalar_functions.h"
+#include "platform/sqlite/schema.h"
+#include "platform/sqlite/script.h"
+#include "platform/sqlite/shape.h"
+#include "platform/sqlite/sqlite_recordset.h"
+#include "platform/sqlite/statement_cache.h"
+#include "platform/sqlite/table_definition.h"
+#include "platform/sqlite/translation.h"
+
+namespace kvraedi {
+
+using namespace sqlite;
+
+namespace {
+
+[[noreturn]] void Throw(const char* description) {
+  throw Error(kErrorDatabase, "SQLite", description);
+}
+
+void BindValue(sqlite3_stmt* statement, int index, const LiteralValue& value, bool copies) {
+  const std::string_view text = value.Text();
+  const auto owner = copies || value.view.data() == nullptr ? SQLITE_TRANSIENT : SQLITE_STATIC;
+  switch (value.type) {
+    case LiteralValue::Type::kInteger:
+      sqlite3_bind_int64(statement, index, value.integer);
+      break;
+    case LiteralValue::Type::kReal:
+      sqlite3_bind_double(statement, index, value.real);
+      break;
+    case LiteralValue::Type::kText:
+      sqlite3_bind_text64(statement, index, text.data(), text.size(), owner, SQLITE_UTF8);
+      break;
+    case LiteralValue::Type::kBlob:
+      sqlite3_bind_blob64(statement, index, text.data(), text.size(), owner);
+      break;
+  }
+}
+
+/// Whether a definition is one of a function: "CREATE [OR ALTER] FUNCTION", "ALTER FUNCTION", ...
+bool DefinesFunction(const Pieces& pieces) {
+  return WordAt(pieces, 1, "FUNCTION") || WordAt(pieces, 3, "FUNCTION");
+}
+
+}  // namespace
+
+class SqliteConnection::Impl {
+ public:
+  Impl(const std::string& path, const SqliteOptions& options)
+      : database_(std::make_shared<Database>(path, options)),
+        schema_(*database_),
+        functions_(*database_),
+        cache_(options.cached_statements) {}
+
+  std::unique_ptr<Recordset> Open(std::string_view sql);
+  std::int64_t Execute(std::string_view sql);
+  void Begin();
+  void Commit();
+  void Rollback();
+  void Run(std::string_view script);
+  void Forget();
+  sqlite3* Handle() const { return database_->Handle(); }
+
+ private:
+  Lease Acquire(std::string_view sql);
+  void Bind(const Lease& lease, bool copies) const;
+  void Define(std::string_view sql);
+
+  std::shared_ptr<Database> database_;  // recordsets share it
+  Schema schema_;
+  ScalarFunctions functions_;
+  StatementCache cache_;
+  Shape shape_;  // of the statement at hand
+  bool in_transaction_ = false;
+  bool has_defined_ = false;  // in the open transaction
+};
+
+/// A statement of the shape at hand.
+Lease SqliteConnection::Impl::Acquire(std::string_view sql) {
+  if (shape_.cacheable) {
+    if (auto known = cache_.Find(shape_.key)) return Lease(std::move(known));
+  }
+  Translation translation = Translate(sql, shape_.literals, schema_, functions_);
+  auto prepared = std::make_shared<Prepared>();
+  prepared->key = shape_.key;
+  prepared->slots = std::move(translation.slots);
+  prepared->statement = database_->Prepare(translation.sql, shape_.cacheable);
+  if (shape_.cacheable) cache_.Add(prepared);
+  return Lease(std::move(prepared));
+}
+
+/// `copies` when the parameters must outlive the statement's text.
+void SqliteConnection::Impl::Bind(const Lease& lease, bool copies) const {
+  int index = 0;
+  for (const Slot& slot : lease.Slots()) {
+    BindValue(lease.Statement(), ++index, Evaluate(shape_.literals[slot.literal], slot.use),
+              copies);
+  }
+}
+
+std::unique_ptr<Recordset> SqliteConnection::Impl::Open(std::string_view sql) {
+  ReadShape(sql, shape_);
+  if (shape_.kind != StatementKind::kQuery) Throw("La sentencia no devuelve filas");
+  Lease lease = Acquire(sql);
+  Bind(lease, true);
+  return std::make_unique<SqliteRecordset>(database_, std::move(lease));
+}
+
+std::int64_t SqliteConnection::Impl::Execute(std::string_view sql) {
+  ReadShape(sql, shape_);
+  if (shape_.kind == StatementKind::kSetting) return 0;
+  if (shape_.kind == StatementKind::kDefinition) {
+    Define(sql);
+    return 0;
+  }
+  const Lease lease = Acquire(sql);
+  Bind(lease, false);
+  database_->Step(lease.Statement());
+  return shape_.kind == StatementKind::kQuery ? 0 : sqlite3_changes64(Handle());
+}
+
+void SqliteConnection::Impl::Define(std::string_view sql) {
+  has_defined_ = true;
+  const Pieces pieces = ReadPieces(sql);
+  if (!DefinesFunction(pieces)) {
+    database_->Run(TranslateDefinition(sql, schema_, functions_));
+  } else if (WordAt(pieces, 0, "DROP")) {
+    functions_.Drop(sql);
+  } else {
+    functions_.Define(sql);
+  }
+  Forget();
+}
+
+void SqliteConnection::Impl::Forget() {
+  schema_.Forget();
+  cache_.Clear();
+}
+
+void SqliteConnection::Impl::Begin() {
+  database_->Run("BEGIN IMMEDIATE");
+  in_transaction_ = true;
+  has_defined_ = false;
+}
+
+void SqliteConnection::Impl::Commit() {
+  database_->Run("COMMIT");
+  in_transaction_ = false;
+}
+
+void SqliteConnection::Impl::Rollback() {
+  // Some failures (a full disk) make SQLite roll back by itself.
+  if (!in_transaction_ || database_->InTransaction()) database_->Run("ROLLBACK");
+  in_transaction_ = false;
+  if (!has_defined_) return;
+  Forget();
+  functions_.Load();
+}
+
+void SqliteConnection::Impl::Run(std::string_view script) {
+  const bool own = !database_->InTransaction();
+  if (own) Begin();
+  try {
+    for (const std::string_view statement : SplitScript(script)) Execute(statement);
+    if (own) Commit();
+  } catch (...) {
+    if (own) Rollback();
+    throw;
+  }
+}
+
+SqliteConnection::SqliteConnection(const std::string& path, const SqliteOptions& options)
+    : impl_(std::make_unique<Impl>(path, options)) {}
+
+SqliteConnection::~SqliteConnection() = default;
+
+SqliteConnection::Impl& SqliteConnection::Opened() const {
+  if (impl_ == nullptr) Throw("La conexión está cerrada");
+  return *impl_;
+}
+
+std::unique_ptr<Recordset> SqliteConnection::Open(std::string_view sql) {
+  return Opened().Open(sql);
+}
+
+std::int64_t SqliteConnection::Execute(std::string_view sql) { return Opened().Execute(sql); }
+void SqliteConnection::BeginTrans() { Opened().Begin(); }
+void SqliteConnection::CommitTrans() { Opened().Commit(); }
+void SqliteConnection::RollbackTrans() { Opened().Rollback(); }
+void SqliteConnection::Run(std::string_view script) { Opened().Run(script); }
+void SqliteConnection::Close() { impl_.reset(); }
+sqlite3* SqliteConnection::Handle() const { return Opened().Handle(); }
+void SqliteConnection::ForgetSchema() { Opened().Forget(); }
+
+void RegisterDialect(sqlite3* db, std::function<FechaHora()> clock) {
+  AddCollations(db, nullptr);
+  AddFunctions(db, std::move(clock));
+}
+
+}  // namespace kvraedi

@@ -1,0 +1,363 @@
+#include "platform/sqlite/table_definition.h"
+
+#include <algorithm>
+#include <vector>
+
+#include "kvraedi/error.h"
+#include "platform/sqlite/collations.h"
+#include "platform/sqlite/translation.h"
+
+namespace kvraedi::sqlite {
+namespace {
+
+[[noreturn]] void ThrowDefinition() {
+  throw Error(kErrorDatabase, "SQLite", "La definición no es correcta o no se admite");
+}
+
+bool IsNoParenthesis(const Piece& piece) {
+  return !IsMark(piece.token, "(") && !IsMark(piece.token, ")");
+}
+
+struct ColumnDefinition {
+  std::string name;
+  std::string type;
+  ColumnKind kind = ColumnKind::kUnknown;
+  bool not_null = false;
+  bool identity = false;
+  bool primary_key = false;
+  bool unique = false;
+  std::string default_value;
+};
+
+struct KeyDefinition {
+  bool primary = false;
+  std::vector<std::string> columns;  // names, folded
+};
+
+/// Reads a definition from front to back.
+class Parser {
+ public:
+  Parser(Pieces pieces, Schema& schema, const ScalarFunctions& functions)
+      : pieces_(std::move(pieces)), schema_(schema), functions_(functions) {}
+
+  std::string Translate() {
+    const bool create = Take("CREATE");
+    if (create && Take("TABLE")) return CreateTable();
+    if (create && Take("VIEW")) return CreateView();
+    if (create) return CreateIndex();
+    if (Take("ALTER")) return AlterTable();
+    if (Take("TRUNCATE") && Take("TABLE")) return "DELETE FROM " + Quoted(TakeName());
+    if (!Take("DROP")) ThrowDefinition();
+    if (Take("INDEX")) return DropIndex();
+    return Drop();
+  }
+
+ private:
+  bool Ends() const { return at_ >= pieces_.size(); }
+
+  bool Take(std::string_view word) {
+    if (!WordAt(pieces_, at_, word)) return false;
+    ++at_;
+    return true;
+  }
+
+  bool TakeMark(std::string_view mark) {
+    if (!MarkAt(pieces_, at_, mark)) return false;
+    ++at_;
+    return true;
+  }
+
+  void Demand(bool found) const {
+    if (!found) ThrowDefinition();
+  }
+
+  /// The last part of a name; "dbo." is dropped.
+  std::string TakeName() {
+    Demand(NameAt(pieces_, at_));
+    while (MarkAt(pieces_, at_ + 1, ".")) at_ += 2;
+    Demand(NameAt(pieces_, at_));
+    return NameOf(pieces_[at_++].token);
+  }
+
+  std::string TranslateStretch(std::size_t begin, std::size_t end) {
+    const auto first = pieces_.begin();
+    return TranslatePieces(
+        {first + static_cast<std::ptrdiff_t>(begin), first + static_cast<std::ptrdiff_t>(end)},
+        schema_, functions_);
+  }
+
+  std::string CreateTable();
+  std::string AlterTable();
+  std::string CreateView();
+  std::string CreateIndex();
+  std::string DropIndex();
+  std::string Drop();
+
+  ColumnDefinition TakeColumn();
+  void TakeType(ColumnDefinition& column);
+  bool TakeOption(ColumnDefinition& column);
+  std::string TakeDefault(ColumnKind kind);
+  void TakeClustered();
+  std::string TakeOrder();
+  bool StartsKey() const;
+  KeyDefinition TakeKey();
+
+  Pieces pieces_;
+  Schema& schema_;
+  const ScalarFunctions& functions_;
+  std::size_t at_ = 0;
+};
+
+void Parser::TakeType(ColumnDefinition& column) {
+  const SqlType& type = FindSqlType(TakeName());
+  column.kind = type.kind;
+  column.type = type.declared;
+  if (!MarkAt(pieces_, at_, "(")) return;
+  const std::size_t close = Closing(pieces_, at_);
+  if (pieces_[at_ + 1].token.kind == TokenKind::kNumber) {
+    for (; at_ < close; ++at_) column.type += pieces_[at_].token.text;
+    column.type += ")";
+  }
+  at_ = close + 1;
+}
+
+/// A value in parentheses, a call, or one signed piece. Always written in parentheses.
+std::string Parser::TakeDefault(ColumnKind kind) {
+  const auto place = [this](std::size_t i) {
+    return pieces_.begin() + static_cast<std::ptrdiff_t>(i);
+  };
+  const std::size_t begin = at_;
+  if (MarkAt(pieces_, at_, "+") || MarkAt(pieces_, at_, "-")) ++at_;
+  Demand(!Ends());
+  at_ = MarkAt(pieces_, at_, "(") ? Closing(pieces_, at_) + 1 : at_ + 1;
+  if (MarkAt(pieces_, at_, "(")) at_ = Closing(pieces_, at_) + 1;
+  const bool alone = std::count_if(place(begin), place(at_), IsNoParenthesis) == 1;
+  const auto value = std::find_if(place(begin), place(at_), IsNoParenthesis);
+  if (alone && IsLiteral(*value)) {
+    const bool is_text = value->token.kind == TokenKind::kText;
+    value->written = ToSql(Evaluate({value->token.text, is_text}, UseBeside(kind, is_text)));
+  }
+  return "(" + TranslateStretch(begin, at_) + ")";
+}
+
+void Parser::TakeClustered() {
+  while (Take("CLUSTERED") || Take("NONCLUSTERED")) {
+  }
+}
+
+std::string Parser::TakeOrder() {
+  if (Take("DESC")) return " DESC";
+  Take("ASC");
+  return "";
+}
+
+bool Parser::TakeOption(ColumnDefinition& column) {
+  if (Take("NOT")) {
+    Demand(Take("NULL"));
+    column.not_null = true;
+  } else if (Take("NULL")) {
+    column.not_null = false;
+  } else if (Take("CONSTRAINT") || Take("COLLATE")) {
+    TakeName();
+  } else if (Take("DEFAULT")) {
+    column.default_value = TakeDefault(column.kind);
+  } else if (Take("IDENTITY")) {
+    column.identity = true;
+    if (MarkAt(pieces_, at_, "(")) at_ = Closing(pieces_, at_) + 1;
+  } else if (Take("PRIMARY")) {
+    Demand(Take("KEY"));
+    column.primary_key = true;
+    TakeClustered();
+  } else if (Take("UNIQUE")) {
+    column.unique = true;
+    TakeClustered();
+  } else {
+    return false;
+  }
+  return true;
+}
+
+ColumnDefinition Parser::TakeColumn() {
+  ColumnDefinition column;
+  column.name = TakeName();
+  TakeType(column);
+  while (TakeOption(column)) {
+  }
+  return column;
+}
+
+bool Parser::StartsKey() const {
+  std::size_t i = at_;
+  if (WordAt(pieces_, i, "CONSTRAINT")) i += 2;
+  return WordAt(pieces_, i, "PRIMARY") || WordAt(pieces_, i, "UNIQUE");
+}
+
+KeyDefinition Parser::TakeKey() {
+  if (Take("CONSTRAINT")) TakeName();
+  KeyDefinition key;
+  key.primary = Take("PRIMARY");
+  Demand(key.primary ? Take("KEY") : Take("UNIQUE"));
+  TakeClustered();
+  Demand(TakeMark("("));
+  do {
+    key.columns.push_back(Folded(TakeName()));
+    TakeOrder();
+  } while (TakeMark(","));
+  Demand(TakeMark(")"));
+  if (Take("WITH")) at_ = Closing(pieces_, at_) + 1;
+  if (Take("ON")) TakeName();
+  return key;
+}
+
+std::string WriteColumn(const ColumnDefinition& column) {
+  const std::string name = Quoted(column.name);
+  if (column.identity) return name + " INTEGER PRIMARY KEY AUTOINCREMENT";
+  std::string text = name + " " + column.type;
+  const std::string_view collation = CollationOf(column.kind);
+  if (!collation.empty()) text += " COLLATE " + std::string(collation);
+  if (column.not_null || column.primary_key) text += " NOT NULL";
+  if (column.unique) text += " UNIQUE";
+  if (!column.default_value.empty()) text += " DEFAULT " + column.default_value;
+  return text;
+}
+
+std::string Listed(const std::vector<std::string>& names) {
+  std::string list;
+  for (const std::string& name : names) list += (list.empty() ? "" : ", ") + Quoted(name);
+  return "(" + list + ")";
+}
+
+/// An identity column is SQLite's primary key; any other key beside it is a unique one.
+std::string WriteKeys(const std::vector<KeyDefinition>& keys,
+                      const std::vector<ColumnDefinition>& columns) {
+  const auto identity = std::find_if(columns.begin(), columns.end(),
+                                     [](const ColumnDefinition& c) { return c.identity; });
+  std::string text;
+  for (const KeyDefinition& key : keys) {
+    const bool same = identity != columns.end() && key.columns.size() == 1 &&
+                      key.columns[0] == Folded(identity->name);
+    if (same) continue;
+    const bool primary = key.primary && identity == columns.end();
+    text += (primary ? ", PRIMARY KEY " : ", UNIQUE ") + Listed(key.columns);
+  }
+  return text;
+}
+
+void ApplyKeys(std::vector<KeyDefinition>& keys, std::vector<ColumnDefinition>& columns) {
+  for (ColumnDefinition& column : columns) {
+    if (column.primary_key) keys.push_back({true, {Folded(column.name)}});
+    for (const KeyDefinition& key : keys) {
+      const bool member =
+          std::count(key.columns.begin(), key.columns.end(), Folded(column.name)) != 0;
+      if (key.primary && member) column.not_null = true;
+    }
+  }
+}
+
+std::string Parser::CreateTable() {
+  const std::string name = TakeName();
+  Demand(TakeMark("("));
+  std::vector<ColumnDefinition> columns;
+  std::vector<KeyDefinition> keys;
+  do {
+    if (StartsKey()) {
+      keys.push_back(TakeKey());
+    } else {
+      columns.push_back(TakeColumn());
+    }
+  } while (TakeMark(","));
+  Demand(TakeMark(")"));
+  ApplyKeys(keys, columns);
+  std::string text;
+  for (const ColumnDefinition& column : columns) {
+    text += (text.empty() ? "" : ", ") + WriteColumn(column);
+  }
+  return (name.front() == '#' ? "CREATE TEMP TABLE " : "CREATE TABLE ") + Quoted(name) + " (" +
+         text + WriteKeys(keys, columns) + ")";
+}
+
+/// Only columns can be added.
+std::string Parser::AlterTable() {
+  Demand(Take("TABLE"));
+  const std::string table = Quoted(TakeName());
+  Demand(Take("ADD") && !StartsKey());
+  std::string text;
+  do {
+    text += "ALTER TABLE " + table + " ADD COLUMN " + WriteColumn(TakeColumn()) + "; ";
+  } while (TakeMark(","));
+  Demand(Ends());
+  return text;
+}
+
+std::string Parser::CreateView() {
+  const std::string name = Quoted(TakeName());
+  Demand(Take("AS"));
+  return "CREATE VIEW " + name + " AS " + TranslateStretch(at_, pieces_.size());
+}
+
+std::string IndexName(const std::string& table, const std::string& index) {
+  return Quoted(table + "_" + index);
+}
+
+std::string CompanionName(const std::string& table, const std::string& index) {
+  return Quoted(table + "_" + index + "_numero");
+}
+
+std::string Parser::CreateIndex() {
+  const bool unique = Take("UNIQUE");
+  TakeClustered();
+  Demand(Take("INDEX"));
+  const std::string index = TakeName();
+  Demand(Take("ON"));
+  const std::string table = TakeName();
+  Demand(TakeMark("("));
+  const std::string first = TakeName();
+  std::string rest = TakeOrder();
+  while (TakeMark(",")) {
+    rest += ", " + Quoted(TakeName());
+    rest += TakeOrder();
+  }
+  Demand(TakeMark(")") && !WordAt(pieces_, at_, "WHERE"));
+  const std::string target = " ON " + Quoted(table) + " (" + Quoted(first);
+  std::string text = (unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + IndexName(table, index) +
+                     target + rest + ")";
+  if (schema_.Find(table).KindOf(Folded(first)) != ColumnKind::kText) return text;
+  return text + "; CREATE INDEX " + CompanionName(table, index) + target + " COLLATE " +
+         std::string(kNumberCollation) + rest + ")";
+}
+
+/// DROP INDEX index ON table, or DROP INDEX table.index.
+std::string Parser::DropIndex() {
+  const std::string exists = Take("IF") && Take("EXISTS") ? "IF EXISTS " : "";
+  Demand(NameAt(pieces_, at_));
+  std::string table;
+  if (MarkAt(pieces_, at_ + 1, ".")) {
+    table = NameOf(pieces_[at_].token);
+    at_ += 2;
+  }
+  const std::string index = TakeName();
+  if (Take("ON")) table = TakeName();
+  return "DROP INDEX " + exists + IndexName(table, index) + "; DROP INDEX IF EXISTS " +
+         CompanionName(table, index);
+}
+
+std::string Parser::Drop() {
+  const bool view = Take("VIEW");
+  Demand(view || Take("TABLE"));
+  const std::string exists = Take("IF") && Take("EXISTS") ? "IF EXISTS " : "";
+  std::string text;
+  do {
+    text += (view ? "DROP VIEW " : "DROP TABLE ") + exists + Quoted(TakeName()) + "; ";
+  } while (TakeMark(","));
+  Demand(Ends());
+  return text;
+}
+
+}  // namespace
+
+std::string TranslateDefinition(std::string_view sql, Schema& schema,
+                                const ScalarFunctions& functions) {
+  return Parser(ReadPieces(sql), schema, functions).Translate();
+}
+
+}  // namespace kvraedi::sqlite
