@@ -1,0 +1,105 @@
+#include "platform/os/entorno_sistema.h"
+
+#include <unistd.h>
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <cstdlib>
+#include <ctime>
+#include <utility>
+
+#include "kvraedi/error.h"
+#include "platform/os/error_sistema.h"
+#include "platform/os/ficheros.h"
+
+namespace kvraedi {
+namespace {
+
+FechaHora HoraLocal() {
+  const std::time_t ahora = std::time(nullptr);
+  std::tm local{};
+  if (::localtime_r(&ahora, &local) == nullptr) {
+    os::FalloSistema("No se puede leer", "reloj del sistema", errno);
+  }
+  constexpr int kAnnoBase = 1900, kUltimoSegundo = 59;
+  FechaHora hora;
+  hora.year = static_cast<std::int16_t>(local.tm_year + kAnnoBase);
+  hora.month = static_cast<std::int8_t>(local.tm_mon + 1);
+  hora.day = static_cast<std::int8_t>(local.tm_mday);
+  hora.hour = static_cast<std::int8_t>(local.tm_hour);
+  hora.minute = static_cast<std::int8_t>(local.tm_min);
+  hora.second = static_cast<std::int8_t>(std::min(local.tm_sec, kUltimoSegundo));
+  return hora;
+}
+
+/// Never gives the same second twice, whichever object asks, also when the clock is set back.
+FechaHora SelloSinRepetir() {
+  static FechaHora ultimo;
+  ultimo = std::max(HoraLocal(), ultimo.PlusSeconds(1));
+  return ultimo;
+}
+
+}  // namespace
+
+EntornoSistema::EntornoSistema(OpcionesEntorno opciones)
+    : opciones_(std::move(opciones)), identificadores_(opciones_.semillaId) {}
+
+FechaHora EntornoSistema::Now() { return opciones_.ahora ? *opciones_.ahora : HoraLocal(); }
+
+FechaHora EntornoSistema::FileStamp() {
+  return opciones_.ahora ? *opciones_.ahora : SelloSinRepetir();
+}
+
+std::string EntornoSistema::NewMessageId() { return identificadores_.Nuevo(); }
+
+std::string EntornoSistema::TerminalName() {
+  if (opciones_.terminal) return *opciones_.terminal;
+  constexpr std::size_t kMasLargo = 256;
+  std::array<char, kMasLargo + 1> nombre{};
+  if (::gethostname(nombre.data(), kMasLargo) != 0) {
+    os::FalloSistema("No se puede leer", "nombre de la máquina", errno);
+  }
+  return nombre.data();
+}
+
+RegionalSettings EntornoSistema::Region() { return opciones_.region; }
+
+std::filesystem::path EntornoSistema::DriveRoot() {
+  if (opciones_.unidad) return *opciones_.unidad;
+  const char* const perfil = std::getenv("HOME");
+  if (perfil == nullptr || *perfil == '\0') {
+    throw Error(kErrorFile, "kvraedi", "El usuario no tiene carpeta de perfil");
+  }
+  return perfil;
+}
+
+bool EntornoSistema::FolderExists(const std::filesystem::path& folder) {
+  return os::ExisteCarpeta(folder);
+}
+
+bool EntornoSistema::FileExists(const std::filesystem::path& file) {
+  return os::ExisteFichero(file);
+}
+
+void EntornoSistema::MakeFolder(const std::filesystem::path& folder) { os::CrearCarpeta(folder); }
+
+std::unique_ptr<FileWriter> EntornoSistema::Create(const std::filesystem::path& file) {
+  return os::CrearFichero(file);
+}
+
+std::unique_ptr<FileWriter> EntornoSistema::Append(const std::filesystem::path& file) {
+  return os::AbrirAlFinal(file);
+}
+
+void EntornoSistema::Copy(const std::filesystem::path& from, const std::filesystem::path& to) {
+  os::CopiarFichero(from, to);
+}
+
+void EntornoSistema::Rename(const std::filesystem::path& from, const std::filesystem::path& to) {
+  os::RenombrarFichero(from, to);
+}
+
+void EntornoSistema::Delete(const std::filesystem::path& file) { os::BorrarFichero(file); }
+
+}  // namespace kvraedi

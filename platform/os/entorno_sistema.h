@@ -1,0 +1,49 @@
+#pragma once
+
+#include <cstdint>
+#include <filesystem>
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "kvraedi/entorno.h"
+#include "platform/os/identificadores.h"
+
+namespace kvraedi {
+
+/// What of the machine is replaced, so that a run can be repeated exactly.
+struct OpcionesEntorno {
+  std::optional<FechaHora> ahora;               ///< stops the clock here
+  std::optional<std::uint64_t> semillaId;       ///< makes message identifiers repeatable
+  std::optional<std::string> terminal;          ///< instead of the machine's name
+  std::optional<std::filesystem::path> unidad;  ///< instead of the user's profile folder
+  RegionalSettings region;
+};
+
+/// The operating system itself (POSIX). Path names are taken to be UTF-8.
+class EntornoSistema : public Entorno {
+ public:
+  explicit EntornoSistema(OpcionesEntorno opciones = {});
+
+  FechaHora Now() override;
+  FechaHora FileStamp() override;
+  std::string NewMessageId() override;
+  std::string TerminalName() override;
+  RegionalSettings Region() override;
+  std::filesystem::path DriveRoot() override;
+
+  bool FolderExists(const std::filesystem::path& folder) override;
+  bool FileExists(const std::filesystem::path& file) override;
+  void MakeFolder(const std::filesystem::path& folder) override;
+  std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) override;
+  std::unique_ptr<FileWriter> Append(const std::filesystem::path& file) override;
+  void Copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
+  void Delete(const std::filesystem::path& file) override;
+
+ private:
+  OpcionesEntorno opciones_;
+  GeneradorIdentificadores identificadores_;
+};
+
+}  // namespace kvraedi

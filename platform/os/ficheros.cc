@@ -1,0 +1,185 @@
+#include "platform/os/ficheros.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <string>
+#include <string_view>
+#include <utility>
+
+#include "kvraedi/error.h"
+#include "platform/os/error_sistema.h"
+
+namespace kvraedi::os {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr std::size_t kBloque = std::size_t{64} * 1024;
+constexpr mode_t kModoFichero = 0666;
+constexpr mode_t kModoCarpeta = 0777;
+
+/// An open file: every failure names its path.
+class Descriptor {
+ public:
+  Descriptor(fs::path ruta, int opciones, std::string_view operacion)
+      : ruta_(std::move(ruta)), fd_(::open(ruta_.c_str(), opciones | O_CLOEXEC, kModoFichero)) {
+    if (fd_ < 0) FalloSistema(operacion, ruta_, errno);
+  }
+  ~Descriptor() {
+    if (fd_ >= 0) ::close(fd_);
+  }
+  Descriptor(const Descriptor&) = delete;
+  Descriptor& operator=(const Descriptor&) = delete;
+
+  struct stat Estado() const {
+    struct stat estado {};
+    if (::fstat(fd_, &estado) != 0) FalloSistema("No se puede leer", ruta_, errno);
+    return estado;
+  }
+
+  /// Bytes read, 0 at the end.
+  std::size_t Leer(char* destino, std::size_t tamano) {
+    for (;;) {
+      const ssize_t leidos = ::read(fd_, destino, tamano);
+      if (leidos >= 0) return static_cast<std::size_t>(leidos);
+      if (errno != EINTR) FalloSistema("No se puede leer", ruta_, errno);
+    }
+  }
+
+  void Escribir(std::string_view bytes) {
+    while (!bytes.empty()) {
+      const ssize_t escritos = ::write(fd_, bytes.data(), bytes.size());
+      if (escritos > 0) {
+        bytes.remove_prefix(static_cast<std::size_t>(escritos));
+      } else if (escritos == 0 || errno != EINTR) {
+        FalloSistema("No se puede escribir en", ruta_, escritos == 0 ? ENOSPC : errno);
+      }
+    }
+  }
+
+  void Sincronizar() {
+    if (::fsync(fd_) != 0) FalloSistema("No se puede guardar en el disco", ruta_, errno);
+  }
+
+  void Cerrar() {
+    const int fd = std::exchange(fd_, -1);
+    // An interrupted close has closed the file all the same.
+    if (fd >= 0 && ::close(fd) != 0 && errno != EINTR) {
+      FalloSistema("No se puede cerrar", ruta_, errno);
+    }
+  }
+
+ private:
+  fs::path ruta_;
+  int fd_;
+};
+
+class EscritorPosix : public FileWriter {
+ public:
+  /// `modo` says what becomes of bytes that are there: O_TRUNC or O_APPEND.
+  EscritorPosix(const fs::path& ruta, int modo)
+      : fichero_(ruta, O_WRONLY | O_CREAT | modo, "No se puede crear el fichero") {}
+
+  void Write(std::string_view bytes) override { fichero_.Escribir(bytes); }
+  void Close() override { fichero_.Cerrar(); }
+
+ private:
+  Descriptor fichero_;
+};
+
+/// Removes a half-made file unless it was kept. Devices are never removed.
+class FicheroParcial {
+ public:
+  FicheroParcial(const fs::path& ruta, bool regular) : ruta_(ruta), borrar_(regular) {}
+  ~FicheroParcial() {
+    if (borrar_) ::unlink(ruta_.c_str());
+  }
+  FicheroParcial(const FicheroParcial&) = delete;
+  FicheroParcial& operator=(const FicheroParcial&) = delete;
+  void Conservar() { borrar_ = false; }
+
+ private:
+  const fs::path& ruta_;
+  bool borrar_;
+};
+
+/// Mode bits of a path; nothing there is 0.
+mode_t ModoDe(const fs::path& ruta) {
+  struct stat estado {};
+  if (::stat(ruta.c_str(), &estado) == 0) return estado.st_mode;
+  if (errno != ENOENT && errno != ENOTDIR) FalloSistema("No se puede consultar", ruta, errno);
+  return 0;
+}
+
+void SincronizarCarpetaDe(const fs::path& ruta) {
+  const fs::path carpeta = ruta.has_parent_path() ? ruta.parent_path() : fs::path(".");
+  Descriptor abierta(carpeta, O_RDONLY | O_DIRECTORY, "No se puede abrir la carpeta");
+  abierta.Sincronizar();
+}
+
+bool MismoFichero(const struct stat& uno, const fs::path& ruta) {
+  struct stat otro {};
+  return ::stat(ruta.c_str(), &otro) == 0 && uno.st_dev == otro.st_dev && uno.st_ino == otro.st_ino;
+}
+
+}  // namespace
+
+bool ExisteCarpeta(const fs::path& ruta) { return S_ISDIR(ModoDe(ruta)); }
+
+bool ExisteFichero(const fs::path& ruta) {
+  const mode_t modo = ModoDe(ruta);
+  return modo != 0 && !S_ISDIR(modo);
+}
+
+void CrearCarpeta(const fs::path& ruta) {
+  if (::mkdir(ruta.c_str(), kModoCarpeta) == 0) return;
+  const int codigo = errno;
+  if (codigo == EEXIST && ExisteCarpeta(ruta)) return;
+  FalloSistema("No se puede crear la carpeta", ruta, codigo);
+}
+
+std::unique_ptr<FileWriter> CrearFichero(const fs::path& ruta) {
+  return std::make_unique<EscritorPosix>(ruta, O_TRUNC);
+}
+
+std::unique_ptr<FileWriter> AbrirAlFinal(const fs::path& ruta) {
+  return std::make_unique<EscritorPosix>(ruta, O_APPEND);
+}
+
+void CopiarFichero(const fs::path& origen, const fs::path& destino) {
+  Descriptor desde(origen, O_RDONLY, "No se puede leer");
+  const auto estado = desde.Estado();
+  if (S_ISDIR(estado.st_mode)) FalloSistema("No se puede copiar", origen, EISDIR);
+  // Emptying the destination would lose the source.
+  if (MismoFichero(estado, destino)) {
+    FalloSistema("No se puede copiar sobre sí mismo", origen, EINVAL);
+  }
+
+  Descriptor hasta(destino, O_WRONLY | O_CREAT | O_TRUNC, "No se puede crear el fichero");
+  FicheroParcial parcial(destino, S_ISREG(hasta.Estado().st_mode));
+  std::array<char, kBloque> bloque;
+  while (const std::size_t leidos = desde.Leer(bloque.data(), bloque.size())) {
+    hasta.Escribir({bloque.data(), leidos});
+  }
+  hasta.Sincronizar();
+  hasta.Cerrar();
+  parcial.Conservar();
+}
+
+void RenombrarFichero(const fs::path& origen, const fs::path& destino) {
+  if (::rename(origen.c_str(), destino.c_str()) != 0) {
+    FalloSistema("No se puede cambiar el nombre de", origen, errno);
+  }
+  SincronizarCarpetaDe(destino);
+}
+
+void BorrarFichero(const fs::path& ruta) {
+  if (::unlink(ruta.c_str()) != 0) FalloSistema("No se puede borrar", ruta, errno);
+}
+
+}  // namespace kvraedi::os

@@ -1,0 +1,22 @@
+#pragma once
+
+#include <filesystem>
+#include <memory>
+
+#include "kvraedi/entorno.h"
+
+namespace kvraedi::os {
+
+// The file operations of Entorno on a POSIX system. Every call is checked; a failure raises
+// kErrorFile.
+
+bool ExisteCarpeta(const std::filesystem::path& ruta);
+bool ExisteFichero(const std::filesystem::path& ruta);
+void CrearCarpeta(const std::filesystem::path& ruta);
+std::unique_ptr<FileWriter> CrearFichero(const std::filesystem::path& ruta);
+std::unique_ptr<FileWriter> AbrirAlFinal(const std::filesystem::path& ruta);
+void CopiarFichero(const std::filesystem::path& origen, const std::filesystem::path& destino);
+void RenombrarFichero(const std::filesystem::path& origen, const std::filesystem::path& destino);
+void BorrarFichero(const std::filesystem::path& ruta);
+
+}  // namespace kvraedi::os

@@ -1,0 +1,21 @@
+#pragma once
+
+#include <memory>
+
+#include "kvraedi/suite.h"
+
+namespace kvraedi {
+
+/// Small, real versions of the suite's components over its own tables. Searches open the window
+/// frmBuscar on the toolkit in use.
+class SuiteReferencia : public Suite {
+ public:
+  std::unique_ptr<ui::PickerSource> Clientes(std::shared_ptr<Connection> conexion,
+                                             std::shared_ptr<Empresa> empresa) override;
+  /// Typed as "1/5": the code of level 1, a slash, the code of level 2 and so on; 0 or nothing
+  /// between slashes is no choice at that level.
+  std::unique_ptr<ui::PickerSource> Cadenas(std::shared_ptr<Connection> conexion,
+                                            std::shared_ptr<Empresa> empresa) override;
+};
+
+}  // namespace kvraedi

@@ -1,0 +1,69 @@
+#include "platform/os/entorno_sistema.h"
+
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <set>
+
+namespace kvraedi {
+namespace {
+
+TEST(EntornoSistema, StampsNeverRepeatASecondWhicheverObjectGivesThem) {
+  EntornoSistema uno;
+  EntornoSistema otro;
+  FechaHora anterior = uno.Now().PlusSeconds(-1);
+  for (int i = 0; i < 50; ++i) {
+    const FechaHora sello = (i % 2 == 0 ? uno : otro).FileStamp();
+    EXPECT_GT(sello, anterior);
+    anterior = sello;
+  }
+  EXPECT_LT(uno.Now(), anterior);
+}
+
+TEST(EntornoSistema, AFixedClockRepeatsItself) {
+  const FechaHora ahora{2024, 2, 29, 23, 59, 59};
+  EntornoSistema entorno({.ahora = ahora, .semillaId = {}, .terminal = {}, .region = {}});
+  for (int i = 0; i < 2; ++i) {
+    EXPECT_EQ(entorno.Now(), ahora);
+    EXPECT_EQ(entorno.FileStamp(), ahora);
+  }
+}
+
+TEST(EntornoSistema, NamesAndRegion) {
+  EntornoSistema propio;
+  EXPECT_FALSE(propio.TerminalName().empty());
+  EXPECT_EQ(propio.Region().decimal, ',');
+  EntornoSistema dado({.ahora = {}, .semillaId = {}, .terminal = "CAJA 3", .region = {'.'}});
+  EXPECT_EQ(dado.TerminalName(), "CAJA 3");
+  EXPECT_EQ(dado.Region().decimal, '.');
+}
+
+TEST(Identificadores, AreRandomUuidsOfTheirOwn) {
+  const std::regex forma("[0-9a-f]{8}-[0-9a-f]{4}-4[0-9a-f]{3}-[89ab][0-9a-f]{3}-[0-9a-f]{12}");
+  for (const std::optional<std::uint64_t> semilla : {std::optional<std::uint64_t>(), {0}, {7}}) {
+    GeneradorIdentificadores generador(semilla);
+    std::set<std::string> vistos;
+    for (int i = 0; i < 1000; ++i) {
+      const std::string id = generador.Nuevo();
+      EXPECT_TRUE(std::regex_match(id, forma)) << id;
+      vistos.insert(id);
+    }
+    EXPECT_EQ(vistos.size(), 1000U);
+  }
+}
+
+TEST(Identificadores, ASeedDecidesThem) {
+  GeneradorIdentificadores uno(5);
+  GeneradorIdentificadores igual(5);
+  GeneradorIdentificadores otro(6);
+  GeneradorIdentificadores sistema({});
+  GeneradorIdentificadores tambien({});
+  const std::string primero = uno.Nuevo();
+  EXPECT_EQ(primero, igual.Nuevo());
+  EXPECT_EQ(uno.Nuevo(), igual.Nuevo());
+  EXPECT_NE(primero, otro.Nuevo());
+  EXPECT_NE(sistema.Nuevo(), tambien.Nuevo());
+}
+
+}  // namespace
+}  // namespace kvraedi
