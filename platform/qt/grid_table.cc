@@ -1,0 +1,99 @@
+#include "platform/qt/grid_table.h"
+
+#include <QApplication>
+#include <QPainter>
+#include <QScrollBar>
+
+#include "platform/qt/twips.h"
+
+namespace kvraedi::qt {
+
+GridHeader::GridHeader(const GridModel& model, QWidget* parent)
+    : QHeaderView(Qt::Horizontal, parent), model_(model) {
+  setSectionsClickable(true);
+  setHighlightSections(false);
+  // The text in the middle of a joined header moves when one of its columns is resized.
+  connect(this, &QHeaderView::sectionResized, this, [this] { viewport()->update(); });
+}
+
+void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
+  const auto [first, last] = model_.HeaderSpan(section);
+  QRect whole = rect;
+  whole.setLeft(sectionViewportPosition(first));
+  whole.setRight(sectionViewportPosition(last) + sectionSize(last) - 1);
+  QHeaderView::paintSection(painter, whole, first);
+}
+
+void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
+  QStyledItemDelegate::initStyleOption(option, index);
+  option->features &= ~QStyleOptionViewItem::HasCheckIndicator;
+}
+
+void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,
+                         const QModelIndex& index) const {
+  QStyledItemDelegate::paint(painter, option, index);
+  const QVariant state = index.data(Qt::CheckStateRole);
+  if (!state.isValid()) return;
+  const QStyle& style = *option.widget->style();
+  QStyleOptionButton box;
+  box.palette = option.palette;
+  box.state = option.state & QStyle::State_Enabled;
+  box.state |= state.toInt() == Qt::Checked ? QStyle::State_On : QStyle::State_Off;
+  const QSize size(style.pixelMetric(QStyle::PM_IndicatorWidth, nullptr, option.widget),
+                   style.pixelMetric(QStyle::PM_IndicatorHeight, nullptr, option.widget));
+  box.rect = QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, option.rect);
+  style.drawPrimitive(QStyle::PE_IndicatorCheckBox, &box, painter, option.widget);
+}
+
+GridTable::GridTable(GridModel& model, QWidget* parent) : QTableView(parent), model_(model) {
+  constexpr int kRowRoom = 8;
+  setHorizontalHeader(new GridHeader(model, this));
+  setItemDelegate(new GridDelegate(this));
+  verticalHeader()->hide();
+  verticalHeader()->setSectionResizeMode(QHeaderView::Fixed);
+  verticalHeader()->setMinimumSectionSize(fontMetrics().height());
+  verticalHeader()->setDefaultSectionSize(fontMetrics().height() + kRowRoom);
+  setModel(&model);
+  setSelectionBehavior(SelectRows);
+  setSelectionMode(SingleSelection);
+  setEditTriggers(NoEditTriggers);
+  setTabKeyNavigation(false);
+  setWordWrap(false);
+  setAlternatingRowColors(true);
+  setHorizontalScrollMode(ScrollPerPixel);
+  ShowColumns();
+}
+
+void GridTable::ShowColumns() {
+  constexpr int kHeaderRoom = 8;
+  horizontalHeader()->setMinimumSectionSize(kHeaderRoom);
+  horizontalHeader()->setFixedHeight(fontMetrics().height() + 2 * kHeaderRoom);
+  for (int col = 0; col < model_.columnCount(); ++col) {
+    const auto& column = model_.ColumnAt(col);
+    setColumnHidden(col, column.hidden);
+    if (!column.hidden) setColumnWidth(col, TwipsToPixels(column.twips));
+  }
+}
+
+QSize GridTable::SizeForRows(int width, int rows) const {
+  const int height = horizontalHeader()->height() + rows * verticalHeader()->defaultSectionSize();
+  return {width + 2 * frameWidth(), height + 2 * frameWidth()};
+}
+
+QSize GridTable::sizeHint() const {
+  constexpr int kRows = 16;
+  const int bar = verticalScrollBar()->sizeHint().width();
+  return SizeForRows(horizontalHeader()->length() + bar, kRows).expandedTo(minimumSizeHint());
+}
+
+QSize GridTable::minimumSizeHint() const {
+  constexpr int kWidth = 300, kRows = 4;
+  return SizeForRows(kWidth, kRows);
+}
+
+QItemSelectionModel::SelectionFlags GridTable::selectionCommand(const QModelIndex& /*index*/,
+                                                                const QEvent* /*event*/) const {
+  return QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows;
+}
+
+}  // namespace kvraedi::qt

@@ -1,0 +1,15 @@
+#pragma once
+
+#include <QString>
+#include <string>
+#include <string_view>
+
+namespace kvraedi::qt {
+
+inline QString ToQt(std::string_view utf8) {
+  return QString::fromUtf8(utf8.data(), static_cast<qsizetype>(utf8.size()));
+}
+
+inline std::string FromQt(const QString& text) { return text.toStdString(); }
+
+}  // namespace kvraedi::qt
