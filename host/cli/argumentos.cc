@@ -1,0 +1,156 @@
+#include "host/cli/argumentos.h"
+
+#include <array>
+#include <limits>
+#include <string_view>
+
+#include "host/cli/fallo.h"
+#include "host/cli/numeros.h"
+#include "host/demo/crear_demo.h"
+
+namespace kvraedi::cli {
+namespace {
+
+constexpr std::string_view kEsquemaSqlite = "sqlite:";
+
+[[noreturn]] void SeEsperaba(const std::string& que, const std::string& valor) {
+  throw Fallo(kUsoErroneo, "se esperaba " + que + ", no «" + valor + "»");
+}
+
+template <class T>
+T EnteroEntre(const std::string& valor, T minimo, T maximo) {
+  const auto numero = Entero<T>(valor);
+  if (!numero || *numero < minimo || *numero > maximo) {
+    SeEsperaba("un número entero de " + std::to_string(minimo) + " a " + std::to_string(maximo),
+               valor);
+  }
+  return *numero;
+}
+
+template <class T>
+T EnteroDesde(const std::string& valor, T minimo) {
+  return EnteroEntre<T>(valor, minimo, std::numeric_limits<T>::max());
+}
+
+template <std::size_t N>
+int Eleccion(const std::string& valor, const std::array<std::string_view, N>& opciones) {
+  std::string lista;
+  for (std::size_t i = 0; i < N; ++i) {
+    if (valor == opciones[i]) return static_cast<int>(i);
+    lista.append(i == 0 ? "" : i + 1 == N ? " o " : ", ").append(opciones[i]);
+  }
+  SeEsperaba(lista, valor);
+}
+
+std::string NoVacio(const std::string& valor) {
+  if (valor.empty()) SeEsperaba("un texto", valor);
+  return valor;
+}
+
+void PonerConexion(Argumentos& argumentos, const std::string& valor) {
+  if (!valor.starts_with(kEsquemaSqlite) || valor.size() == kEsquemaSqlite.size()) {
+    SeEsperaba("sqlite:RUTA", valor);
+  }
+  argumentos.baseDatos = valor.substr(kEsquemaSqlite.size());
+}
+
+void PonerAhora(Argumentos& argumentos, const std::string& valor) {
+  constexpr std::string_view kForma = "AAAA-MM-DDTHH:MM:SS";
+  argumentos.entorno.ahora = FechaHora::Parse(valor);
+  if (valor.size() != kForma.size() || valor[10] != 'T' || !argumentos.entorno.ahora) {
+    SeEsperaba(std::string(kForma), valor);
+  }
+}
+
+void PonerFactura(Argumentos& argumentos, const std::string& valor) {
+  auto clave = ClaveFactura::Leer(valor);
+  if (!clave) {
+    SeEsperaba("EJERCICIO/SERIE/NUMERO[/TIPODOC] o FT:ALMACEN/CAJA/FECHA/NUMERO", valor);
+  }
+  argumentos.claves.push_back(std::move(*clave));
+}
+
+constexpr Opcion kComunes[] = {
+    {"--conexion", "sqlite:RUTA", "Base de datos (sqlite:demo/kvraedi.db)", PonerConexion},
+    {"--empresa", "N", "Código de la empresa (1)",
+     [](Argumentos& a, const std::string& v) { a.empresa = EnteroDesde<std::int16_t>(v, 1); }},
+    {"--registro-sql", "FICHERO",
+     "Escribe en el fichero cada sentencia enviada, terminada en un byte nulo",
+     [](Argumentos& a, const std::string& v) { a.registroSql = NoVacio(v); }},
+    {"--ahora", "AAAA-MM-DDTHH:MM:SS", "Fija el reloj", PonerAhora},
+    {"--semilla-id", "N", "Hace repetibles los identificadores de mensaje",
+     [](Argumentos& a, const std::string& v) {
+       a.entorno.semillaId = EnteroDesde<std::uint64_t>(v, 0);
+     }},
+    {"--terminal", "T", "Nombre del terminal (el de la máquina)",
+     [](Argumentos& a, const std::string& v) { a.entorno.terminal = NoVacio(v); }},
+    {"--region", "es|en", "Signo decimal: coma (es) o punto (en)",
+     [](Argumentos& a, const std::string& v) {
+       a.entorno.region.decimal = ",."[Eleccion<2>(v, {"es", "en"})];
+     }},
+};
+
+constexpr Opcion kDemo[] = {
+    {"--carpeta", "DIR", "Carpeta donde se crea (demo)",
+     [](Argumentos& a, const std::string& v) { a.carpeta = NoVacio(v); }},
+    {"--facturas", "N", "Número de facturas (400)",
+     [](Argumentos& a, const std::string& v) {
+       a.numeroFacturas = EnteroEntre<std::int32_t>(v, 0, demo::kMaximoFacturas);
+     }},
+    {"--semilla", "S", "Semilla de los datos (1)",
+     [](Argumentos& a, const std::string& v) { a.semilla = EnteroDesde<std::uint64_t>(v, 0); }},
+    {"--sobrescribir", "", "Sustituye la base de datos que ya esté en la carpeta",
+     [](Argumentos& a, const std::string& /*v*/) { a.sobrescribir = true; }},
+};
+
+void PonerDesde(Argumentos& a, const std::string& v) { a.desde = v; }
+void PonerHasta(Argumentos& a, const std::string& v) { a.hasta = v; }
+void PonerCliente(Argumentos& a, const std::string& v) {
+  a.cliente = EnteroDesde<std::int32_t>(v, 1);
+}
+
+constexpr Opcion kListar[] = {
+    {"--desde", "FECHA", "Primera fecha, dd/mm/aaaa (obligatoria)", PonerDesde, true},
+    {"--hasta", "FECHA", "Última fecha, dd/mm/aaaa (obligatoria)", PonerHasta, true},
+    {"--cliente", "N", "Sólo las de este cliente", PonerCliente},
+    {"--cadena", "TEXTO", "Sólo las de esta cadena, un código por nivel: 1/5",
+     [](Argumentos& a, const std::string& v) { a.cadena = v; }},
+    {"--estado", "todos|generadas|pendientes", "Sólo las de este estado",
+     [](Argumentos& a, const std::string& v) {
+       a.estado = Eleccion<3>(v, {"todos", "generadas", "pendientes"});
+     }},
+    {"--tipo", "todos|directa|ticket", "Sólo las de este tipo",
+     [](Argumentos& a, const std::string& v) {
+       a.tipo = Eleccion<3>(v, {"todos", "directa", "ticket"});
+     }},
+    {"--json", "", "Da la lista en JSON, con los textos de las 20 columnas",
+     [](Argumentos& a, const std::string& /*v*/) { a.json = true; }},
+};
+
+constexpr Opcion kEnviar[] = {
+    {"--cliente", "N", "Cliente (obligatoria)", PonerCliente, true},
+    {"--desde", "FECHA", "Primera fecha, dd/mm/aaaa (obligatoria)", PonerDesde, true},
+    {"--hasta", "FECHA", "Última fecha, dd/mm/aaaa (obligatoria)", PonerHasta, true},
+    {"--todas", "", "Todas las pendientes que no estén excluidas",
+     [](Argumentos& a, const std::string& /*v*/) { a.todas = true; }},
+    {"--factura", "CLAVE ...",
+     "EJERCICIO/SERIE/NUMERO[/TIPODOC], o FT:ALMACEN/CAJA/FECHA/NUMERO para una de ticket",
+     PonerFactura, false, true},
+};
+
+constexpr Opcion kPantallas[] = {
+    {"--capturas", "DIR", "En vez de abrirlas, guarda sus imágenes en una carpeta que ya existe",
+     [](Argumentos& a, const std::string& v) { a.capturas = NoVacio(v); }},
+    {"--desde", "FECHA", "Primera fecha de la lista en las imágenes, dd/mm/aaaa", PonerDesde},
+    {"--hasta", "FECHA", "Última fecha de la lista en las imágenes, dd/mm/aaaa", PonerHasta},
+};
+
+}  // namespace
+
+std::span<const Opcion> OpcionesComunes() { return kComunes; }
+std::span<const Opcion> OpcionesDemo() { return kDemo; }
+std::span<const Opcion> OpcionesListar() { return kListar; }
+std::span<const Opcion> OpcionesEnviar() { return kEnviar; }
+std::span<const Opcion> OpcionesPantallas() { return kPantallas; }
+
+}  // namespace kvraedi::cli

@@ -1,0 +1,55 @@
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <span>
+#include <string>
+#include <vector>
+
+#include "host/cli/clave_factura.h"
+#include "platform/os/entorno_sistema.h"
+
+namespace kvraedi::cli {
+
+/// What the command line says, with the defaults of what it does not say.
+struct Argumentos {
+  std::string baseDatos = "demo/kvraedi.db";
+  std::int16_t empresa = 1;
+  std::optional<std::string> registroSql;
+  OpcionesEntorno entorno;
+
+  std::string carpeta = "demo";
+  std::int32_t numeroFacturas = 400;
+  std::uint64_t semilla = 1;
+  bool sobrescribir = false;
+
+  std::string desde;
+  std::string hasta;
+  std::optional<std::int32_t> cliente;
+  std::string cadena;
+  int estado = 0;  ///< index in cboEstado
+  int tipo = 0;    ///< index in cboTipo
+  bool json = false;
+  bool todas = false;
+  std::vector<ClaveFactura> claves;
+  std::optional<std::string> capturas;
+};
+
+/// One option of a command.
+struct Opcion {
+  const char* nombre;
+  const char* valor;  ///< what stands for the value in the help; "" when the option takes none
+  const char* ayuda;
+  /// Takes the value over; raises Fallo when it is not a good one.
+  void (*aplicar)(Argumentos& argumentos, const std::string& valor);
+  bool obligatoria = false;
+  bool varias = false;  ///< may be given several times, each with several values
+};
+
+std::span<const Opcion> OpcionesComunes();
+std::span<const Opcion> OpcionesDemo();
+std::span<const Opcion> OpcionesListar();
+std::span<const Opcion> OpcionesEnviar();
+std::span<const Opcion> OpcionesPantallas();
+
+}  // namespace kvraedi::cli

@@ -1,0 +1,34 @@
+#pragma once
+
+#include <iosfwd>
+#include <span>
+#include <string_view>
+
+#include "host/cli/argumentos.h"
+
+namespace kvraedi::cli {
+
+/// Where a command writes: results and messages.
+struct Salida {
+  std::ostream& resultado;
+  std::ostream& mensajes;
+};
+
+/// One command of the program.
+struct Orden {
+  std::string_view grupo;  ///< the word before the name; "" when there is none
+  std::string_view nombre;
+  std::string_view descripcion;
+  std::span<const Opcion> opciones;
+  /// Gives back the exit code; may raise Fallo or Error.
+  int (*ejecutar)(const Argumentos& argumentos, const Salida& salida);
+};
+
+std::span<const Orden> Ordenes();
+
+int EjecutarDemo(const Argumentos& argumentos, const Salida& salida);
+int EjecutarListar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarEnviar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarPantallas(const Argumentos& argumentos, const Salida& salida);
+
+}  // namespace kvraedi::cli

@@ -1,0 +1,38 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+
+#include "kvraedi/conexion.h"
+#include "kvraedi/entorno.h"
+
+namespace kvraedi::cli {
+
+/// Writes every statement to a file before it is run, each ended by a NUL.
+class RegistroSql : public ConnectionWrapper {
+ public:
+  /// Raises what the file raises when it cannot be written.
+  RegistroSql(std::shared_ptr<Connection> destino, std::shared_ptr<FileWriter> fichero)
+      : ConnectionWrapper(std::move(destino)), fichero_(std::move(fichero)) {}
+
+  std::unique_ptr<Recordset> Open(std::string_view sql) override {
+    Anotar(sql);
+    return ConnectionWrapper::Open(sql);
+  }
+  std::int64_t Execute(std::string_view sql) override {
+    Anotar(sql);
+    return ConnectionWrapper::Execute(sql);
+  }
+
+ private:
+  void Anotar(std::string_view sql) {
+    std::string entrada(sql);
+    entrada += '\0';
+    fichero_->Write(entrada);
+  }
+
+  std::shared_ptr<FileWriter> fichero_;
+};
+
+}  // namespace kvraedi::cli

@@ -1,0 +1,87 @@
+#include "host/cli/sesion_cli.h"
+
+#include <ostream>
+#include <string_view>
+
+#include "host/cli/fallo.h"
+#include "host/cli/registro_sql.h"
+#include "kvraedi/adaptadores.h"
+#include "kvraedi/error.h"
+#include "kvraedi/sesion.h"
+#include "platform/sqlite/sqlite_connection.h"
+#include "platform/suite/empresa_suite.h"
+
+namespace kvraedi::cli {
+namespace {
+
+std::string_view Nombre(ui::Icon icono) {
+  switch (icono) {
+    case ui::Icon::kInformation:
+      return "información";
+    case ui::Icon::kExclamation:
+      return "exclamación";
+    case ui::Icon::kCritical:
+      return "crítico";
+    case ui::Icon::kQuestion:
+      return "pregunta";
+    case ui::Icon::kNone:
+      break;
+  }
+  return "mensaje";
+}
+
+}  // namespace
+
+SesionCli::SesionCli(const Argumentos& argumentos, std::ostream& mensajes)
+    : entorno_(argumentos.entorno) {
+  toolkit_.onMessage = [&mensajes](const ui::MessageBox& caja) {
+    mensajes << '[' << Nombre(caja.icon) << "] " << caja.title << ": " << caja.text << '\n';
+  };
+  try {
+    Abrir(argumentos);
+  } catch (const Error& error) {
+    throw Fallo(kSinFicheros, error.Description());
+  }
+  InstalarAdaptadores({&entorno_, &toolkit_, &suite_});
+}
+
+SesionCli::~SesionCli() {
+  // The component's session would keep the connection open.
+  PropiedadesSesion sesion;
+  sesion.EmpresaKestrova(nullptr);
+  sesion.ConexionKestrova(nullptr);
+  InstalarAdaptadores({});
+}
+
+void SesionCli::Abrir(const Argumentos& argumentos) {
+  const std::filesystem::path ruta(argumentos.baseDatos);
+  if (!entorno_.FileExists(ruta)) {
+    throw Fallo(kSinFicheros, "no existe la base de datos «" + argumentos.baseDatos +
+                                  "»; «kvraedi demo» crea una de demostración");
+  }
+  SqliteOptions opciones;
+  opciones.clock = [this] { return entorno_.Now(); };
+  conexion_ = std::make_shared<SqliteConnection>(argumentos.baseDatos, std::move(opciones));
+  empresa_ = std::make_shared<EmpresaSuite>(*conexion_, argumentos.empresa,
+                                            std::filesystem::absolute(ruta).parent_path());
+  if (!argumentos.registroSql) return;
+  registro_ = entorno_.Create(*argumentos.registroSql);
+  conexion_ = std::make_shared<RegistroSql>(conexion_, registro_);
+}
+
+std::string SesionCli::Parametro(std::string_view nombre) const {
+  const Valor valor = empresa_->Parametro(nombre);
+  const auto* const texto = std::get_if<std::string>(&valor);
+  return texto != nullptr ? *texto : std::string();
+}
+
+void SesionCli::Cerrar() {
+  if (!registro_) return;
+  try {
+    registro_->Close();
+  } catch (const Error& error) {
+    throw Fallo(kSinFicheros, error.Description());
+  }
+}
+
+}  // namespace kvraedi::cli

@@ -1,0 +1,48 @@
+#pragma once
+
+#include <filesystem>
+#include <iosfwd>
+#include <memory>
+#include <string>
+
+#include "host/cli/argumentos.h"
+#include "kvraedi/conexion.h"
+#include "kvraedi/empresa.h"
+#include "platform/headless/headless_toolkit.h"
+#include "platform/os/entorno_sistema.h"
+#include "platform/suite/suite_referencia.h"
+
+namespace kvraedi::cli {
+
+/// Everything that a host prepares for the component: the open database, the company and the
+/// adapters, installed as long as the object lives. Message boxes are written to `mensajes`.
+class SesionCli {
+ public:
+  /// Raises Fallo(kSinFicheros) when something cannot be opened.
+  SesionCli(const Argumentos& argumentos, std::ostream& mensajes);
+  ~SesionCli();
+  SesionCli(const SesionCli&) = delete;
+  SesionCli& operator=(const SesionCli&) = delete;
+
+  HeadlessToolkit& Pantallas() { return toolkit_; }
+  Entorno& EntornoActual() { return entorno_; }
+  Suite& SuiteActual() { return suite_; }
+  const std::shared_ptr<Connection>& Conexion() const { return conexion_; }
+  const std::shared_ptr<Empresa>& EmpresaActual() const { return empresa_; }
+  /// A company parameter that is a text; "" when there is none.
+  std::string Parametro(std::string_view nombre) const;
+  /// Writes out what the statement log still holds; raises Fallo(kSinFicheros).
+  void Cerrar();
+
+ private:
+  void Abrir(const Argumentos& argumentos);
+
+  EntornoSistema entorno_;
+  HeadlessToolkit toolkit_;
+  SuiteReferencia suite_;
+  std::shared_ptr<FileWriter> registro_;
+  std::shared_ptr<Connection> conexion_;
+  std::shared_ptr<Empresa> empresa_;
+};
+
+}  // namespace kvraedi::cli

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <string>
+
+#include "kvraedi/clsFacturacionEmision.h"
+#include "kvraedi/ui/form.h"
+
+namespace kvraedi::desktop {
+
+/// The main window: the company and a button for each screen of the component.
+class frmPrincipal : public ui::Form {
+ public:
+  frmPrincipal(std::shared_ptr<Connection> connection, std::shared_ptr<Empresa> company,
+               const std::string& company_name);
+
+ private:
+  clsFacturacionEmision facturacionEmision_;
+
+  ui::Label lblEmpresa;
+  ui::Label lblIndicacion{*this, "lblIndicacion", "Intercambio electrónico de documentos"};
+  ui::Button cmdFacturasEmitidas{*this, "cmdFacturasEmitidas", "&Facturas emitidas"};
+  ui::Button cmdSalir{*this, "cmdSalir", "&Salir"};
+};
+
+}  // namespace kvraedi::desktop

@@ -1,0 +1,35 @@
+#pragma once
+
+#include <map>
+#include <sstream>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/cli/cli.h"
+
+namespace kvraedi::cli {
+
+/// One run of the program inside the test.
+struct Ejecucion {
+  explicit Ejecucion(const std::vector<std::string>& args) {
+    std::ostringstream out;
+    std::ostringstream err;
+    codigo = RunCli(args, out, err);
+    resultado = out.str();
+    mensajes = err.str();
+  }
+
+  bool Dice(std::string_view texto) const { return mensajes.find(texto) != std::string::npos; }
+
+  int codigo = -1;
+  std::string resultado;
+  std::string mensajes;
+};
+
+using Objeto = std::map<std::string, std::string>;
+
+/// Reads an array of objects whose values are texts; raises std::runtime_error on anything else.
+std::vector<Objeto> LeerJson(const std::string& texto);
+
+}  // namespace kvraedi::cli

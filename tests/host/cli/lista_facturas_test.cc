@@ -1,0 +1,75 @@
+#include "host/cli/lista_facturas.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+#include "host/cli/columnas.h"
+#include "kvraedi/ui/form.h"
+#include "tests/host/cli/ejecucion.h"
+
+namespace kvraedi::cli {
+namespace {
+
+class Pantalla : public ui::Form {
+ public:
+  Pantalla() : Form("frmPrueba", "") { lista.SetColumns(std::vector<ui::GridColumn>(kColumnas)); }
+  void Anadir(std::string_view nombre, std::string_view importe) {
+    std::array<std::string_view, kColumnas> celdas = {
+        "0", "X", "1",    "7", "01/03/2024", "5", nombre, "1", "Sur", importe,
+        "0", "1", "2024", "",  "FD",         "0", "0",    "0", "",    "0"};
+    lista.AddRow(celdas);
+  }
+  ui::Grid lista{*this, "vsDocs"};
+};
+
+TEST(ListaFacturas, JsonGivesBackEveryText) {
+  Pantalla pantalla;
+  const std::string nombre = "Muñoz \"El\\Niño\"\r\n\t\x01 100 € S.L. {[,:]}";
+  pantalla.Anadir(nombre, "1234,50");
+  pantalla.Anadir("", "0,00");
+  std::ostringstream salida;
+  EscribirJson(pantalla.lista, salida);
+  const auto filas = LeerJson(salida.str());
+  ASSERT_EQ(filas.size(), 2U);
+  EXPECT_EQ(filas[0].size(), 20U);
+  EXPECT_EQ(filas[0].at("cliente_nombre"), nombre);
+  EXPECT_EQ(filas[0].at("importe"), "1234,50");
+  EXPECT_EQ(filas[0].at("no_enviar"), "1");
+  EXPECT_EQ(filas[1].at("cliente_nombre"), "");
+  EXPECT_EQ(filas[1].at("ejercicio"), "2024");
+}
+
+TEST(ListaFacturas, AnEmptyListIsAnEmptyArray) {
+  Pantalla pantalla;
+  std::ostringstream salida;
+  EscribirJson(pantalla.lista, salida);
+  EXPECT_TRUE(LeerJson(salida.str()).empty());
+}
+
+TEST(ListaFacturas, TheTableLinesUpByCharacters) {
+  Pantalla pantalla;
+  pantalla.Anadir("Ñandú €uro", "1,00");
+  pantalla.Anadir("Nandu\nEuro", "12345,67");
+  std::ostringstream salida;
+  EscribirTabla(pantalla.lista, salida);
+  std::istringstream lineas(salida.str());
+  std::string titulos;
+  std::string primera;
+  std::string segunda;
+  std::getline(lineas, titulos);
+  std::getline(lineas, primera);
+  std::getline(lineas, segunda);
+  const auto tras = [](const std::string& linea, const char* texto) {
+    return linea.substr(linea.find(texto));
+  };
+  EXPECT_EQ(tras(primera, "Ñandú"),
+            "Ñandú €uro     1  Sur          1,00  X                  FD    2024/1/7/0");
+  EXPECT_EQ(tras(segunda, "Nandu"),
+            "Nandu Euro     1  Sur      12345,67  X                  FD    2024/1/7/0");
+  EXPECT_EQ(tras(titulos, "Nombre"),
+            "Nombre      Alm.  Almacén   Importe  No enviar  Anexos  Tipo  Clave");
+}
+
+}  // namespace
+}  // namespace kvraedi::cli

@@ -1,0 +1,245 @@
+#include <map>
+#include <numeric>
+#include <set>
+#include <tuple>
+
+#include "host/demo/importes.h"
+#include "host/demo/maestros.h"
+#include "platform/suite/empresa_suite.h"
+#include "tests/host/demo/carpeta_demo.h"
+
+namespace kvraedi {
+namespace {
+
+using Clave = std::tuple<int, int, int, int, int>;
+
+Clave LeerClave(const Recordset& rs) {
+  return {rs.Get<std::int32_t>("Cod_Empresa"), rs.Get<std::int32_t>("Cod_Ejercicio"),
+          rs.Get<std::int32_t>("Serie"), rs.Get<std::int32_t>("Codigo"),
+          rs.Get<std::int32_t>("TipoDoc")};
+}
+
+/// `value` to the multiple of `step`, halves away from zero.
+std::int64_t Redondo(std::int64_t value, std::int64_t step) {
+  const std::int64_t rest = std::abs(value) % step;
+  const std::int64_t down = std::abs(value) - rest;
+  return (value < 0 ? -1 : 1) * (2 * rest >= step ? down + step : down);
+}
+
+class ContenidoDemo : public ::testing::Test {
+ protected:
+  static void SetUpTestSuite() {
+    carpeta = new CarpetaDemo("contenido");
+    db = new SqliteConnection(carpeta->Crear(400).string());
+  }
+  static void TearDownTestSuite() {
+    delete db;
+    delete carpeta;
+  }
+  /// Sum of a money column by invoice, in ten-thousandths.
+  static std::map<Clave, std::int64_t> Sumar(const std::string& tabla, const char* columna) {
+    std::map<Clave, std::int64_t> sums;
+    const auto rs = db->Open("SELECT * FROM " + tabla);
+    for (; !rs->Eof(); rs->MoveNext()) sums[LeerClave(*rs)] += rs->Get<Currency>(columna).Units();
+    return sums;
+  }
+
+  static CarpetaDemo* carpeta;
+  static SqliteConnection* db;
+};
+CarpetaDemo* ContenidoDemo::carpeta = nullptr;
+SqliteConnection* ContenidoDemo::db = nullptr;
+
+TEST_F(ContenidoDemo, EveryKindOfCaseIsThere) {
+  const std::string factura_cliente =
+      "Facturas f INNER JOIN Clientes c ON c.Cod_Empresa = 1 AND c.Codigo = f.Cliente ";
+  const std::string linea_texto = "Facturas_Lineas l WHERE l.Cod_Articulo = -1 ";
+  const std::string misma_factura =
+      " a.Cod_Empresa = f.Cod_Empresa AND a.Cod_Ejercicio = f.Cod_Ejercicio"
+      " AND a.Serie = f.Serie AND a.Codigo = f.Codigo AND a.TipoDoc = f.TipoDoc";
+  const std::string casos[] = {
+      factura_cliente + "WHERE c.Cod_EDIPlat_Fra = 2 AND c.Cod_EDITipoMsg_Fra = 1",
+      factura_cliente +
+          "WHERE c.Cod_EDIPlat_Fra = 2 AND c.Cod_EDITipoMsg_Fra = 2"
+          " AND f.TipoFactura = 2",
+      factura_cliente + "WHERE c.Cod_EDIPlat_Fra = 3 AND c.Cod_EDITipoMsg_Fra = 1",
+      factura_cliente + "WHERE c.Cod_EDIPlat_Fra = 5",
+      factura_cliente +
+          "LEFT JOIN EDI_TipoMsg m ON m.Cod_EDIPlat = c.Cod_EDIPlat_Fra"
+          " AND m.Cod_EDITipoMsg = c.Cod_EDITipoMsg_Fra"
+          " WHERE c.Cod_EDIPlat_Fra > 0 AND m.Nombre IS NULL",
+      factura_cliente + "WHERE c.Cod_EDIPlat_Fra IS NULL",
+      factura_cliente + "WHERE c.Tipo = 1 AND c.Cod_EDIPlat_Fra = 2",
+      factura_cliente + "WHERE c.IntraCom = 1 AND c.Cod_EDIPlat_Fra = 2",
+      factura_cliente + "INNER JOIN Paises p ON p.Cod_Pais = c.Cod_Pais WHERE p.ISOCodigo = 'US'",
+      factura_cliente + "WHERE c.Codigo > 32767 AND c.Cod_EDIPlat_Fra = 2",
+      "Clientes WHERE Nombre LIKE '%O''Donnell%'",
+      "Clientes WHERE Nombre = '\"Ñandú & Cía; S.L.\"'",
+      "Clientes WHERE Cad_Nivel_1 > 0 AND Cad_Nivel_10 > 0",
+      "Facturas WHERE Cod_Empresa = 2",
+      "Facturas WHERE TipoDoc = 1 AND Total < 0",
+      "Facturas WHERE TipoDoc = 2 AND Total > 0",
+      "Facturas WHERE TipoDoc = 2 AND Total < 0",
+      "Facturas WHERE ExcluirEDI = 1",
+      "Facturas WHERE Observ IS NULL",
+      "Facturas WHERE Observ = ''",
+      "Facturas WHERE Observ LIKE '%7. Obs%'",
+      "Facturas WHERE Observ LIKE '%€%'",
+      "Facturas WHERE Dto1 <> 0 AND TDto1 = 0",
+      "Facturas WHERE Dto1 <> 0 AND TDto1 = 1",
+      "Facturas WHERE Dto2 <> 0 AND TDto2 = 0",
+      "Facturas WHERE Dto2 <> 0 AND TDto2 = 1",
+      "Facturas WHERE Dto1 <> 0 AND Dto2 <> 0",
+      "Facturas WHERE Importe_Portes > 0",
+      "Facturas f WHERE f.FormaPago = 0 AND NOT EXISTS (SELECT * FROM Facturas_PrevCobros a WHERE" +
+          misma_factura + ")",
+      "Facturas_PrevCobros WHERE Apunte = 3",
+      "Facturas_Lineas WHERE PDescuento > 0",
+      "Facturas_Lineas WHERE Num_Linea > 10",
+      "Facturas_Lineas WHERE Descripcion LIKE 'Aceite%1 L'",
+      linea_texto + "AND l.Descripcion LIKE '%Seis%'",
+      linea_texto + "AND l.Descripcion LIKE '%€%'",
+      "EDI_Envio_Facturas WHERE Cod_EDIPlat = 0 AND Codigo > 0",
+      "EDI_Envio_Facturas WHERE Cod_EDIPlat IS NULL AND Codigo > 0",
+      "EDI_Envio_Facturas WHERE Cod_EDIPlat = 3 AND Codigo_FT > 0",
+      "Facturas f WHERE (SELECT COUNT(*) FROM EDI_Envio_Facturas a WHERE" + misma_factura + ") = 2",
+      "EDI_Anexos WHERE Codigo > 0 AND Codigo_FT = 0",
+      "EDI_Anexos WHERE Codigo = 0 AND Codigo_FT > 0",
+      "Facturas f WHERE (SELECT COUNT(*) FROM EDI_Anexos a WHERE" + misma_factura + ") = 2",
+      "TPV_Tickets_Factura WHERE ExcluirEDI IS NULL",
+      "TPV_Tickets_Factura WHERE ExcluirEDI = 1",
+  };
+  for (const std::string& caso : casos) EXPECT_GT(Contar(*db, caso), 0) << caso;
+}
+
+TEST_F(ContenidoDemo, EveryReferenceExists) {
+  const char* sueltas[] = {
+      "Facturas f LEFT JOIN Clientes c ON c.Cod_Empresa = 1 AND c.Codigo = f.Cliente"
+      " WHERE c.Codigo IS NULL",
+      "Facturas f LEFT JOIN Almacenes a ON a.Cod_Empresa = f.Cod_Empresa AND a.Codigo = f.Almacen"
+      " WHERE a.Codigo IS NULL",
+      "Facturas_Lineas l LEFT JOIN Impuestos i ON i.Codigo = l.Impuesto WHERE i.Codigo IS NULL",
+      "TPV_Tickets_Factura f LEFT JOIN TPV_Tickets t ON t.Cod_Empresa = f.Cod_Empresa"
+      " AND t.Cod_Almacen = f.Cod_Almacen AND t.Caja = f.Caja AND t.Fecha = f.Fecha"
+      " AND t.Codigo = f.Codigo WHERE t.Codigo IS NULL",
+      "Clientes c LEFT JOIN Cadenas n ON n.Cod_Empresa = 1 AND n.Nivel = 10"
+      " AND n.Codigo = c.Cad_Nivel_10 WHERE c.Cad_Nivel_10 > 0 AND n.Codigo IS NULL",
+  };
+  for (const char* suelta : sueltas) EXPECT_EQ(Contar(*db, suelta), 0) << suelta;
+}
+
+TEST_F(ContenidoDemo, TotalsAddUp) {
+  auto bases = Sumar("Facturas_Impuestos", "Base");
+  auto cuotas = Sumar("Facturas_Impuestos", "Importe");
+  auto cobros = Sumar("Facturas_PrevCobros", "Importe");
+  auto netos = Sumar(
+      "(SELECT f.*, dbo.fn_FE_ImporteNetoLineas(1, f.Cod_Empresa, f.Cod_Ejercicio, f.Serie,"
+      " f.Codigo, f.TipoDoc) AS Neto FROM Facturas f) n",
+      "Neto");
+  const auto rs = db->Open("SELECT * FROM Facturas");
+  int facturas = 0;
+  for (; !rs->Eof(); rs->MoveNext(), ++facturas) {
+    const Clave clave = LeerClave(*rs);
+    SCOPED_TRACE(::testing::PrintToString(clave));
+    const auto units = [&](const char* campo) { return rs->Get<Currency>(campo).Units(); };
+    EXPECT_EQ(units("ImporteB"), Redondo(netos[clave], 100));
+    std::int64_t base = units("ImporteB");
+    for (const auto& [dto, tipo] : {std::pair("Dto1", "TDto1"), std::pair("Dto2", "TDto2")}) {
+      const bool importe = rs->Get<std::int16_t>(tipo) == 1;
+      base -= importe ? units(dto) : Redondo(base * units(dto), 100'000'000) / 1'000'000;
+    }
+    base += units("Importe_Portes");
+    EXPECT_EQ(base, bases[clave]);
+    EXPECT_EQ(units("Impuestos"), cuotas[clave]);
+    EXPECT_EQ(units("Total"), base + cuotas[clave]);
+    EXPECT_EQ(units("Total") < 0, std::get<4>(clave) == 1 || units("ImporteB") < 0);
+    EXPECT_EQ(cobros[clave], rs->Get<std::int16_t>("FormaPago") == 0 ? 0 : units("Total"));
+  }
+  EXPECT_EQ(facturas, 400);
+}
+
+TEST_F(ContenidoDemo, LinesAndTaxesFollowFromTheirRates) {
+  const EmpresaSuite empresa(*db, 1, carpeta->Ruta());
+  const auto impuestos = db->Open("SELECT * FROM Facturas_Impuestos");
+  for (; !impuestos->Eof(); impuestos->MoveNext()) {
+    const auto base = impuestos->Get<Currency>("Base").Units();
+    const auto tipo = empresa.PorcentajeImpuesto(impuestos->Get<std::int16_t>("Tipo")).Units();
+    EXPECT_EQ(impuestos->Get<Currency>("Importe").Units(),
+              Redondo(base * tipo, 100'000'000) / 1'000'000);
+  }
+  const auto lineas = db->Open("SELECT * FROM Facturas_Lineas WHERE Cod_Articulo <> -1");
+  for (; !lineas->Eof(); lineas->MoveNext()) {
+    const auto units = [&](const char* campo) { return lineas->Get<Currency>(campo).Units(); };
+    EXPECT_EQ(units("Unidades") % 10, 0) << "three decimals at most";
+    const std::int64_t producto = units("Unidades") / 10 * units("Precio") * units("PDescuento");
+    EXPECT_EQ(units("Descuento"), Redondo(producto, 1'000'000'000) / 1'000'000'000);
+  }
+}
+
+TEST_F(ContenidoDemo, TwoFiscalYearsInOrderOfDate) {
+  const auto rs = db->Open(
+      "SELECT Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Fecha, Hora FROM Facturas"
+      " ORDER BY Cod_Empresa, Cod_Ejercicio, Serie, TipoDoc, Codigo");
+  std::map<std::tuple<int, int, int, int>, std::pair<int, FechaHora>> last;
+  std::set<int> ejercicios;
+  for (; !rs->Eof(); rs->MoveNext()) {
+    const auto [empresa, ejercicio, serie, codigo, tipoDoc] = LeerClave(*rs);
+    const auto fecha = rs->Get<FechaHora>("Fecha");
+    EXPECT_EQ(fecha.year, ejercicio);
+    EXPECT_FALSE(fecha.HasTime());
+    EXPECT_TRUE(rs->Get<FechaHora>("Hora").HasTime());
+    auto& [numero, anterior] = last[{empresa, ejercicio, serie, tipoDoc}];
+    EXPECT_EQ(codigo, ++numero) << "numbers without gaps";
+    EXPECT_LE(anterior, fecha);
+    anterior = fecha;
+    ejercicios.insert(ejercicio);
+  }
+  EXPECT_EQ(ejercicios, (std::set<int>{2025, 2026}));
+}
+
+TEST_F(ContenidoDemo, CompaniesAndTheirParameters) {
+  const EmpresaSuite igic(*db, 1, carpeta->Ruta());
+  const EmpresaSuite exenta(*db, 2, carpeta->Ruta());
+  EXPECT_TRUE(igic.AplicaIGIC());
+  EXPECT_FALSE(exenta.AplicaIGIC());
+  EXPECT_EQ(Contar(*db, "Facturas WHERE Cod_Empresa = 2 AND Impuestos <> 0"), 0);
+  for (const EmpresaSuite* empresa : {&igic, &exenta}) {
+    for (const char* parametro : {"EDI_PathFichEnvios", "EDI_PathFichRecibir"}) {
+      EXPECT_TRUE(
+          std::filesystem::is_directory(std::get<std::string>(empresa->Parametro(parametro))));
+    }
+    const auto gln = std::get<std::string>(empresa->Parametro("EDI_GLNEmpresa"));
+    ASSERT_EQ(gln.size(), 13U);
+    int sum = 0;
+    for (std::size_t i = 0; i < gln.size(); ++i) sum += (gln[i] - '0') * (i % 2 == 0 ? 1 : 3);
+    EXPECT_EQ(sum % 10, 0) << gln;
+  }
+  EXPECT_EQ(demo::Gln(1001).size(), 13U);
+}
+
+TEST_F(ContenidoDemo, SummaryNamesPendingCustomersByChannel) {
+  const auto resumen = demo::ResumirDemo(*db, 1, 100);
+  std::map<std::string, std::int64_t> canales;
+  int con_invoic = 0;
+  for (const auto& cliente : resumen) {
+    canales[cliente.canal] += cliente.pendientes;
+    con_invoic += cliente.canal == "SERES/INVOIC" && cliente.pendientes > 0 ? 1 : 0;
+    if (cliente.codigo != 40123) continue;
+    EXPECT_EQ(cliente.nombre, "Supermercados del Atlántico S.A.");
+    EXPECT_EQ(cliente.pendientes,
+              Contar(*db,
+                     "Facturas f WHERE f.Cod_Empresa = 1 AND f.Cliente = 40123 AND f.ExcluirEDI = 0"
+                     " AND NOT EXISTS (SELECT * FROM EDI_Envio_Facturas e WHERE e.Cod_Empresa = 1"
+                     " AND e.Cod_Ejercicio = f.Cod_Ejercicio AND e.Serie = f.Serie"
+                     " AND e.Codigo = f.Codigo AND e.TipoDoc = f.TipoDoc AND e.Cod_EDIPlat > 0)"));
+  }
+  EXPECT_GE(con_invoic, 5);
+  for (const char* canal : {"", "SERES/INVOIC", "SERES/COACSU", "FACTURA E/FACTURA", "SERES/9",
+                            "OTRA PLATAFORMA/FACTURA"}) {
+    EXPECT_EQ(canales.count(canal), 1U) << canal;
+  }
+  EXPECT_LT(demo::ResumirDemo(*db, 1, 1).size(), resumen.size());
+}
+
+}  // namespace
+}  // namespace kvraedi
