@@ -74,7 +74,7 @@ void frmEnvioFactura::cmdAceptar_Click() {
     } else if (plataforma == kPlataformaSeres && mensaje == kMensajeInvoic) {
       EnviarInvoic();
     } else if (plataforma == kPlataformaSeres && mensaje == kMensajeCoacsu) {
-      CanalNoDisponible("COACSU");
+      EnviarCoacsu();
     } else if (plataforma == kPlataformaFacturae && mensaje == kMensajeFacturae) {
       CanalNoDisponible("FACTURA E");
     } else if (plataforma == kPlataformaSeres || plataforma == kPlataformaFacturae) {
@@ -117,6 +117,16 @@ bool frmEnvioFactura::HaySeleccion() const {
     if (vsDocs.IsSet(fila, kSeleccion)) return true;
   }
   return false;
+}
+
+void frmEnvioFactura::EnviarCoacsu() {
+  MsgOp(true, "Generando fichero COACSU, por favor espere...");
+  const auto cliente = Estrechar<std::int16_t>(txtCliente.Code());
+  if (ProcesarFacturasCoacsu(cliente, txtFechaI.Text(), txtFechaF.Text())) {
+    Informar("El fichero COACSU se ha generado correctamente.");
+  } else {
+    Exigir("No se ha podido generar el fichero COACSU.");
+  }
 }
 
 void frmEnvioFactura::EnviarInvoic() {

@@ -64,6 +64,7 @@ class frmEnvioFactura : public ui::Form {
   bool EnvioValido();
   bool HaySeleccion() const;
   void EnviarInvoic();
+  void EnviarCoacsu();
 
   bool cargado_ = false;
 
@@ -83,7 +84,7 @@ class frmEnvioFactura : public ui::Form {
   ui::Label lblPlataforma{*this, "lblPlataforma"};
   ui::Label lblNumRevision{*this, "lblNumRevision", "Num. Revisión:"};
   ui::NumericBox txtNumRevision{*this, "txtNumRevision"};
-  ui::CheckBox chkSelelecion_vsDocs{*this, "chkSelelecion_vsDocs"};
+  ui::CheckBox chkSelelecion_vsDocs{*this, "chkSelelecion_vsDocs", "Seleccionar todas"};
   ui::Grid vsDocs{*this, "vsDocs"};
   ui::Button cmdAceptar{*this, "cmdAceptar", "&Trasmitir"};
   ui::Button cmdExportar{*this, "cmdExportar", "&Exportar"};

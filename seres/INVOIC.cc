@@ -77,7 +77,7 @@ void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave) {
   std::optional<std::string> registro;
   if (!factura->Eof()) {
     const invoic::Mensaje mensaje{conexion, empresa,           entorno.Region(),
-                                  *factura, ClaveDe(*factura), fichero};
+                                  *factura, ClaveDe(*factura), fichero.Texto()};
     const auto identificador = EscribirMensaje(mensaje, entorno);
     if (identificador) registro = InsertarEnvio(mensaje.clave, *identificador, nombre);
   }

@@ -6,6 +6,7 @@
 #include "frame/formato.h"
 #include "frame/registro.h"
 #include "frame/sesion.h"
+#include "seres/campos_consulta.h"
 #include "seres/registros_invoic.h"
 
 namespace kvraedi::invoic {
@@ -20,51 +21,45 @@ std::string_view TextoDe(const Mensaje& mensaje, std::string_view columna) {
   return mensaje.factura.GetOrEmpty<std::string_view>(columna);
 }
 
-/// A column of the invoice query and the field of SINCP that it fills.
-struct ColumnaParte {
-  Campo campo;
-  std::string_view columna;
-};
+constexpr auto kEmpresa = std::to_array<CampoConsulta>({{kSincp["Nombre1"], "Emp_Nombre1"},
+                                                        {kSincp["Nombre2"], "Emp_Nombre2"},
+                                                        {kSincp["Direccion"], "Emp_Direccion"},
+                                                        {kSincp["Localidad"], "Emp_Localidad"},
+                                                        {kSincp["Provincia"], "Emp_Provincia"},
+                                                        {kSincp["Cp"], "Emp_Cp"},
+                                                        {kSincp["Pais"], "Emp_Pais"},
+                                                        {kSincp["Nif"], "Emp_Nif"},
+                                                        {kSincp["Telefono"], "Emp_Telefono"},
+                                                        {kSincp["Fax"], "Emp_Fax"}});
 
-constexpr auto kEmpresa = std::to_array<ColumnaParte>({{kSincp["Nombre1"], "Emp_Nombre1"},
-                                                       {kSincp["Nombre2"], "Emp_Nombre2"},
-                                                       {kSincp["Direccion"], "Emp_Direccion"},
-                                                       {kSincp["Localidad"], "Emp_Localidad"},
-                                                       {kSincp["Provincia"], "Emp_Provincia"},
-                                                       {kSincp["Cp"], "Emp_Cp"},
-                                                       {kSincp["Pais"], "Emp_Pais"},
-                                                       {kSincp["Nif"], "Emp_Nif"},
-                                                       {kSincp["Telefono"], "Emp_Telefono"},
-                                                       {kSincp["Fax"], "Emp_Fax"}});
+constexpr auto kEntrega = std::to_array<CampoConsulta>({{kSincp["Gln"], "Cli_EDI_GLN"},
+                                                        {kSincp["Nombre1"], "Ent_Nombre"},
+                                                        {kSincp["Direccion"], "Ent_Direccion"},
+                                                        {kSincp["Localidad"], "Ent_Localidad"},
+                                                        {kSincp["Provincia"], "Ent_Provincia"},
+                                                        {kSincp["Cp"], "Ent_Cp"},
+                                                        {kSincp["Pais"], "Ent_Pais"},
+                                                        {kSincp["Nif"], "Cli_Nif"},
+                                                        {kSincp["Contacto"], "Ent_Contacto"},
+                                                        {kSincp["Telefono"], "Ent_Telefono"},
+                                                        {kSincp["Fax"], "Ent_Fax"}});
 
-constexpr auto kEntrega = std::to_array<ColumnaParte>({{kSincp["Gln"], "Cli_EDI_GLN"},
-                                                       {kSincp["Nombre1"], "Ent_Nombre"},
-                                                       {kSincp["Direccion"], "Ent_Direccion"},
-                                                       {kSincp["Localidad"], "Ent_Localidad"},
-                                                       {kSincp["Provincia"], "Ent_Provincia"},
-                                                       {kSincp["Cp"], "Ent_Cp"},
-                                                       {kSincp["Pais"], "Ent_Pais"},
-                                                       {kSincp["Nif"], "Cli_Nif"},
-                                                       {kSincp["Contacto"], "Ent_Contacto"},
-                                                       {kSincp["Telefono"], "Ent_Telefono"},
-                                                       {kSincp["Fax"], "Ent_Fax"}});
+constexpr auto kCliente = std::to_array<CampoConsulta>({{kSincp["Gln"], "Cli_EDI_GLN"},
+                                                        {kSincp["Nombre1"], "Cli_Nombre"},
+                                                        {kSincp["Direccion"], "Cli_Direccion"},
+                                                        {kSincp["Localidad"], "Cli_Localidad"},
+                                                        {kSincp["Provincia"], "Cli_Provincia"},
+                                                        {kSincp["Cp"], "Cli_Cp"},
+                                                        {kSincp["Pais"], "Cli_Pais"},
+                                                        {kSincp["Nif"], "Cli_Nif"},
+                                                        {kSincp["Telefono"], "Cli_Telefono"},
+                                                        {kSincp["Fax"], "Cli_Fax"}});
 
-constexpr auto kCliente = std::to_array<ColumnaParte>({{kSincp["Gln"], "Cli_EDI_GLN"},
-                                                       {kSincp["Nombre1"], "Cli_Nombre"},
-                                                       {kSincp["Direccion"], "Cli_Direccion"},
-                                                       {kSincp["Localidad"], "Cli_Localidad"},
-                                                       {kSincp["Provincia"], "Cli_Provincia"},
-                                                       {kSincp["Cp"], "Cli_Cp"},
-                                                       {kSincp["Pais"], "Cli_Pais"},
-                                                       {kSincp["Nif"], "Cli_Nif"},
-                                                       {kSincp["Telefono"], "Cli_Telefono"},
-                                                       {kSincp["Fax"], "Cli_Fax"}});
-
-Registro Parte(const Mensaje& mensaje, std::span<const ColumnaParte> columnas) {
+Registro Parte(const Mensaje& mensaje, std::span<const CampoConsulta> columnas) {
   Registro registro(kSincp);
   registro.Texto(kSincp["Tag"], "SINCP");
   registro.Texto(kSincp["Agencia"], "9");
-  for (const auto& [campo, columna] : columnas) registro.Texto(campo, TextoDe(mensaje, columna));
+  CopiarCampos(registro, mensaje.factura, columnas);
   return registro;
 }
 
@@ -134,7 +129,7 @@ void EscribirSincp(const Mensaje& mensaje) {
   EscribirParte(mensaje, Parte(mensaje, kCliente), {"BY ", "IV ", "SCO"});
 }
 
-void EscribirTextoLibre(FicheroEnvio& fichero, std::string_view tag, std::string_view texto) {
+void EscribirTextoLibre(EscritorTexto& fichero, std::string_view tag, std::string_view texto) {
   constexpr auto kTextos = std::to_array<Campo>(
       {kTexto["Texto1"], kTexto["Texto2"], kTexto["Texto3"], kTexto["Texto4"], kTexto["Texto5"]});
   Registro registro(kTexto);
@@ -201,7 +196,7 @@ void EscribirSincd(const Mensaje& mensaje) {
 
 namespace {
 
-void EscribirSinciExento(FicheroEnvio& fichero) {
+void EscribirSinciExento(EscritorTexto& fichero) {
   Registro registro(kSinci);
   registro.Texto(kSinci["Tag"], "SINCI");
   registro.Texto(kSinci["Secuencia"], "1");

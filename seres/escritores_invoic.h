@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "frame/fichero_envio.h"
+#include "frame/escritor_texto.h"
 #include "kvraedi/conexion.h"
 #include "kvraedi/empresa.h"
 #include "seres/consultas_invoic.h"
@@ -17,7 +17,7 @@ struct Mensaje {
   RegionalSettings region;
   const Recordset& factura;
   ClaveFactura clave;
-  FicheroEnvio& fichero;
+  EscritorTexto& fichero;
 };
 
 void EscribirRectl(const Mensaje& mensaje, const std::string& identificador,
@@ -31,7 +31,7 @@ void EscribirLineas(const Mensaje& mensaje);
 void EscribirSinci(const Mensaje& mensaje);
 
 /// Writes a text as one SINCT or SINCU record: split at every CR, without LF, five pieces at most.
-void EscribirTextoLibre(FicheroEnvio& fichero, std::string_view tag, std::string_view texto);
+void EscribirTextoLibre(EscritorTexto& fichero, std::string_view tag, std::string_view texto);
 
 /// A number in a message: always with a decimal point.
 std::string NumeroMensaje(Currency valor, std::string_view patron);

@@ -1,0 +1,20 @@
+#pragma once
+
+#include <span>
+#include <string_view>
+
+#include "frame/registro.h"
+#include "kvraedi/conexion.h"
+
+namespace kvraedi {
+
+/// A text field of a record and the column that fills it.
+struct CampoConsulta {
+  Campo campo;
+  std::string_view columna;
+};
+
+/// Copies the columns of the current row into the record; a null leaves its field blank.
+void CopiarCampos(Registro& registro, const Recordset& fila, std::span<const CampoConsulta> campos);
+
+}  // namespace kvraedi

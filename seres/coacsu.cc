@@ -1,0 +1,43 @@
+#include "frame/accion.h"
+#include "frame/puertos.h"
+#include "frame/sesion.h"
+#include "seres/consultas_coacsu.h"
+#include "seres/escritores_coacsu.h"
+#include "seres/modSeres.h"
+
+namespace kvraedi {
+namespace {
+
+constexpr const char* kFichero = "KVRAEDI_COACSU.txt";
+
+/// The message of the summary invoice on which the recordset stands, with the delivery lines of
+/// the whole selection.
+bool GenerarMensajeCoacsu(const coacsu::Seleccion& seleccion, const Recordset& resumen,
+                          EscritorTexto& fichero) {
+  return Accion("clsSeres:GenerarMensajeCoacsu", [&] {
+    coacsu::EscribirCabecera(fichero, resumen, EntornoActual().Now());
+    const auto lineas = ConexionActual().Open(coacsu::ConsultaAlbaranes(seleccion));
+    for (; !lineas->Eof(); lineas->MoveNext()) coacsu::EscribirAlbaran(fichero, *lineas);
+  });
+}
+
+}  // namespace
+
+bool ProcesarFacturasCoacsu(std::int16_t cliente, const std::string& fechaInicial,
+                            const std::string& fechaFinal) {
+  bool generados = true;
+  const bool procesado = Accion("clsSeres:ProcesarFacturasCoacsu", [&] {
+    const coacsu::Seleccion seleccion{cliente, fechaInicial, fechaFinal};
+    Entorno& entorno = EntornoActual();
+    const auto resumen = ConexionActual().Open(coacsu::ConsultaResumen(seleccion));
+    EscritorTexto fichero(entorno.Append(entorno.DriveRoot() / kFichero));
+    coacsu::EscribirRectl(fichero, entorno.Now());
+    for (; generados && !resumen->Eof(); resumen->MoveNext()) {
+      generados = GenerarMensajeCoacsu(seleccion, *resumen, fichero);
+    }
+    fichero.Cerrar();
+  });
+  return procesado && generados;
+}
+
+}  // namespace kvraedi
