@@ -1,0 +1,82 @@
+#include "bench/datos.h"
+
+#include "frame/sql.h"
+#include "host/demo/crear_demo.h"
+#include "host/demo/esquema.h"
+#include "platform/sqlite/sqlite_connection.h"
+
+namespace kvraedi::bench {
+namespace {
+
+constexpr std::string_view kMaestros = R"(
+INSERT INTO Empresas (Codigo, Nombre_1, Nombre_2, Direccion, CP, Localidad, Provincia, Pais, Nif,
+  Emp_Articulos, Emp_Clientes, Emp_Proveedores, Aplica_IGIC)
+  VALUES (1, 'Ñandú y Cía, S.L.', 'Mayorista', 'C/ Mayor, 1', '35001', 'Las Palmas', 'Las Palmas',
+  'ESP', 'B35000000', 1, 1, 1, 1);
+INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathFichEnvios', 'Envios');
+INSERT INTO Empresas_Parametros VALUES (1, 'EDI_GLNEmpresa', '8400000000017');
+INSERT INTO Empresas_Parametros VALUES (1, 'EDI_RegistroMercantil', 'R.M. Las Palmas T.1 F.2');
+INSERT INTO Impuestos VALUES (1, 'IGIC 7', 7);
+INSERT INTO Paises (Cod_Pais, Nombre, ISOCodigo) VALUES (34, 'España', 'ES');
+INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Nif, Direccion, CP, Localidad, Provincia,
+  Cod_Pais, EDI_GLN, Cod_EDIPlat_Fra, Cod_EDITipoMsg_Fra)
+  VALUES (1, 100, 'Hipermercado', 'A28000000', 'Gran Vía, 2', '28013', 'Madrid', 'Madrid', 34,
+  '8411111111111', 2, 1);
+)";
+
+void InsertarFactura(Connection& conexion, int codigo, int lineas) {
+  const std::string clave = Sql("1, ", kEjercicio, ", 1, ", codigo, ", 0");
+  conexion.Execute(
+      Sql("INSERT INTO Facturas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Fecha, Hora,"
+          " Cliente, Almacen, ImporteB, Impuestos, Total, Observ) VALUES (",
+          clave, ", '15/05/2026', '15/05/2026 10:45:30', ", kCliente,
+          ", 5, 100, 7, 107, 'Entregar por la mañana')"));
+  conexion.Execute(
+      Sql("INSERT INTO Facturas_Impuestos (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc,"
+          " Tipo, Base, Importe) VALUES (",
+          clave, ", 1, 100, 7)"));
+  conexion.Execute(
+      Sql("INSERT INTO Facturas_PrevCobros (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc,"
+          " Apunte, Fecha_Vto, Importe) VALUES (",
+          clave, ", 1, '15/06/2026', 107)"));
+  for (int linea = 1; linea <= lineas; ++linea) {
+    conexion.Execute(
+        Sql("INSERT INTO Facturas_Lineas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc,"
+            " Num_Linea, Cod_Articulo, Descripcion, Unidades, Precio, PrecioG, PDescuento,"
+            " Descuento, Impuesto) VALUES (",
+            clave, ", ", linea, ", ", 1000 + linea, ", 'Queso curado de oveja', 4.5, 2.3456, 2.5, ",
+            linea % 2 * 10, ", ", linea % 2, ", 1)"));
+  }
+}
+
+}  // namespace
+
+std::filesystem::path PrepararInvoic(const std::filesystem::path& carpeta) {
+  auto ruta = carpeta / "invoic.db";
+  if (std::filesystem::exists(ruta)) return ruta;
+  const auto provisional = carpeta / "invoic.nueva";
+  std::filesystem::remove(provisional);
+  {
+    SqliteConnection conexion(provisional.string(),
+                              {.create = true, .durability = Durability::kNone});
+    conexion.Run(demo::kEsquema);
+    conexion.Run(demo::kFunciones);
+    conexion.Run(kMaestros);
+    conexion.BeginTrans();
+    for (int codigo = 1; codigo <= kFacturas; ++codigo) {
+      InsertarFactura(conexion, codigo, kLineasPorFactura);
+    }
+    for (const auto& [codigo, lineas] : {kMil, kDiezMil}) InsertarFactura(conexion, codigo, lineas);
+    conexion.CommitTrans();
+  }
+  std::filesystem::rename(provisional, ruta);
+  return ruta;
+}
+
+std::filesystem::path PrepararLista(const std::filesystem::path& carpeta, int facturas) {
+  const auto demo = carpeta / ("lista_" + std::to_string(facturas));
+  if (std::filesystem::exists(demo / "kvraedi.db")) return demo / "kvraedi.db";
+  return demo::CrearDemo({.carpeta = demo, .facturas = facturas});
+}
+
+}  // namespace kvraedi::bench

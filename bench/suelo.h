@@ -1,0 +1,46 @@
+#pragma once
+
+#include <sqlite3.h>
+
+#include <filesystem>
+#include <initializer_list>
+#include <string>
+#include <string_view>
+
+namespace kvraedi::bench {
+
+/// The bare library: a handle with the dialect's collations, nothing between it and the program.
+class BaseSuelo {
+ public:
+  explicit BaseSuelo(const std::filesystem::path& ruta);
+  ~BaseSuelo();
+  BaseSuelo(const BaseSuelo&) = delete;
+  BaseSuelo& operator=(const BaseSuelo&) = delete;
+  sqlite3* Handle() const { return base_; }
+
+ private:
+  sqlite3* base_ = nullptr;
+};
+
+/// A prepared statement, used again with other values.
+class SentenciaSuelo {
+ public:
+  SentenciaSuelo(const BaseSuelo& base, std::string_view sql);
+  ~SentenciaSuelo();
+  SentenciaSuelo(const SentenciaSuelo&) = delete;
+  SentenciaSuelo& operator=(const SentenciaSuelo&) = delete;
+
+  void Poner(std::initializer_list<int> valores);
+  void PonerTexto(int sitio, std::string_view texto);
+  /// True while there is a row; at the end the statement is ready for the next use.
+  bool Paso();
+  void Reiniciar() { sqlite3_reset(sentencia_); }
+  /// Appends the texts of all columns of the row.
+  void CopiarFila(std::string& destino) const;
+
+ private:
+  sqlite3* base_;
+  sqlite3_stmt* sentencia_ = nullptr;
+};
+
+}  // namespace kvraedi::bench
