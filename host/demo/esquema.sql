@@ -210,6 +210,55 @@ CREATE TABLE Facturas_PrevCobros (
 )
 GO
 
+-- Delivery notes that a summary invoice (TipoFactura 2) groups.
+CREATE TABLE Albaranes_F (
+  Cod_Empresa smallint NOT NULL,
+  Cod_Ejercicio smallint NOT NULL,
+  Serie smallint NOT NULL,
+  Codigo int NOT NULL,
+  Factura_Codigo int NULL,
+  Fecha datetime NULL,
+  Ent_Nombre nvarchar(100) NULL,
+  Ent_Nif nvarchar(35) NULL,
+  Ent_Direccion nvarchar(100) NULL,
+  Ent_Cp nvarchar(10) NULL,
+  Ent_Localidad nvarchar(60) NULL,
+  Ent_Provincia nvarchar(60) NULL,
+  Ent_Pais nvarchar(60) NULL,
+  PRIMARY KEY (Cod_Empresa, Cod_Ejercicio, Serie, Codigo)
+)
+GO
+CREATE INDEX IX_Albaranes_F_Factura
+  ON Albaranes_F (Cod_Empresa, Cod_Ejercicio, Serie, Factura_Codigo, Fecha)
+GO
+
+CREATE TABLE Albaranes_F_Lineas (
+  Cod_Empresa smallint NOT NULL,
+  Cod_Ejercicio smallint NOT NULL,
+  Serie smallint NOT NULL,
+  Codigo int NOT NULL,
+  Num_Linea int NOT NULL,
+  Cod_Articulo int NOT NULL,
+  Descripcion nvarchar(4000) NULL,
+  Unidades decimal(12,4) NULL DEFAULT 0,
+  Precio money NULL DEFAULT 0,
+  PvpBase money NULL DEFAULT 0,
+  PRIMARY KEY (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, Num_Linea)
+)
+GO
+
+CREATE TABLE Albaranes_F_Impuestos (
+  Cod_Empresa smallint NOT NULL,
+  Cod_Ejercicio smallint NOT NULL,
+  Serie smallint NOT NULL,
+  Codigo int NOT NULL,
+  Tipo smallint NOT NULL,
+  Base money NULL DEFAULT 0,
+  Importe money NULL DEFAULT 0,
+  PRIMARY KEY (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, Tipo)
+)
+GO
+
 CREATE TABLE TPV_Tickets (
   Cod_Empresa smallint NOT NULL,
   Cod_Almacen smallint NOT NULL,

@@ -67,7 +67,15 @@ class Generador {
         impuestos_(conexion, "Facturas_Impuestos",
                    "Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Tipo, Base, Importe"),
         cobros_(conexion, "Facturas_PrevCobros",
-                "Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Apunte, Fecha_Vto, Importe") {
+                "Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Apunte, Fecha_Vto, Importe"),
+        albaranes_(conexion, "Albaranes_F",
+                   "Cod_Empresa, Cod_Ejercicio, Serie, Codigo, Factura_Codigo, Fecha, Ent_Nombre,"
+                   " Ent_Nif, Ent_Direccion, Ent_Cp, Ent_Localidad, Ent_Provincia, Ent_Pais"),
+        albaranLineas_(conexion, "Albaranes_F_Lineas",
+                       "Cod_Empresa, Cod_Ejercicio, Serie, Codigo, Num_Linea, Cod_Articulo,"
+                       " Descripcion, Unidades, Precio, PvpBase"),
+        albaranImpuestos_(conexion, "Albaranes_F_Impuestos",
+                          "Cod_Empresa, Cod_Ejercicio, Serie, Codigo, Tipo, Base, Importe") {
     for (std::size_t i = 0; i < kEmpresas.size(); ++i) repartos_.emplace_back(clientes, azar);
   }
 
@@ -91,6 +99,7 @@ class Generador {
   void Descuentos(Factura& f, std::int32_t vez);
   void Guardar(const Factura& f, std::int32_t vez);
   void GuardarCobros(const Factura& f);
+  void GuardarAlbaranes(const Factura& f);
 
   Azar& azar_;
   Envios envios_;
@@ -98,6 +107,10 @@ class Generador {
   Tabla lineas_;
   Tabla impuestos_;
   Tabla cobros_;
+  Tabla albaranes_;
+  Tabla albaranLineas_;
+  Tabla albaranImpuestos_;
+  std::int32_t ultimoAlbaran_ = 0;
   std::vector<Reparto> repartos_;  // one for each company
   std::map<std::tuple<std::int16_t, std::int16_t, std::int16_t, std::int16_t>, std::int32_t>
       ultimoCodigo_;
@@ -176,14 +189,15 @@ void Generador::Guardar(const Factura& f, std::int32_t vez) {
   const std::int16_t forma = azar_.Elegir(kFormasDePago);
   const std::string_view observaciones = azar_.Elegir(kObservaciones);
   const std::string_view contacto = azar_.Elegir(kContactos);
+  const bool resumen = c.plataforma == 2 && c.mensaje == 2;
   const auto opcional = [](bool presente, std::string_view texto) {
     return presente ? std::optional(texto) : std::nullopt;
   };
   facturas_.Insertar(f.clave, f.fecha, f.hora, c.codigo, f.clave.serie,
-                     c.plataforma == 2 && c.mensaje == 2 ? kFacturaResumen : 0,
-                     contado ? std::int16_t{0} : forma, f.totales.importeB, f.descuentos[0].valor,
-                     f.descuentos[0].tipo, f.descuentos[1].valor, f.descuentos[1].tipo, f.portes,
-                     f.totales.impuestos, f.totales.total, opcional(vez % 3 != 0, observaciones),
+                     resumen ? kFacturaResumen : std::int16_t{0}, contado ? std::int16_t{0} : forma,
+                     f.totales.importeB, f.descuentos[0].valor, f.descuentos[0].tipo,
+                     f.descuentos[1].valor, f.descuentos[1].tipo, f.portes, f.totales.impuestos,
+                     f.totales.total, opcional(vez % 3 != 0, observaciones),
                      c.nombre + (vez % 8 == 1 ? " - Tienda nº " + std::to_string(vez % 90) : ""),
                      c.nif, c.lugar->direccion, c.lugar->cp, c.lugar->localidad, c.lugar->provincia,
                      c.pais, opcional(vez % 5 == 0, contacto),
@@ -198,6 +212,7 @@ void Generador::Guardar(const Factura& f, std::int32_t vez) {
     impuestos_.Insertar(f.clave, i.tipo, i.base, i.importe);
   }
   if (!contado) GuardarCobros(f);
+  if (resumen) GuardarAlbaranes(f);
 }
 
 // One to three equal parts, the last one takes the cents that are left.
@@ -209,6 +224,28 @@ void Generador::GuardarCobros(const Factura& f) {
     const Currency importe = i == partes ? resto : Currency::FromUnits(parte);
     cobros_.Insertar(f.clave, i, f.fecha.PlusSeconds(i * 30 * kSegundosDia), importe);
     resto = resto - importe;
+  }
+}
+
+// A note for every two lines; the taxes stand with the first one.
+void Generador::GuardarAlbaranes(const Factura& f) {
+  constexpr std::size_t kLineasPorAlbaran = 2;
+  const Cliente& c = *f.cliente;
+  for (std::size_t i = 0; i < f.lineas.size(); ++i) {
+    const Linea& l = f.lineas[i];
+    if (i % kLineasPorAlbaran == 0) {
+      albaranes_.Insertar(f.clave.empresa, f.clave.ejercicio, f.clave.serie, ++ultimoAlbaran_,
+                          f.clave.codigo, f.fecha, c.nombre, c.nif, c.lugar->direccion, c.lugar->cp,
+                          c.lugar->localidad, c.lugar->provincia, c.pais);
+    }
+    albaranLineas_.Insertar(f.clave.empresa, f.clave.ejercicio, f.clave.serie, ultimoAlbaran_,
+                            i % kLineasPorAlbaran + 1, l.articulo, l.descripcion,
+                            l.importes.unidades, l.importes.precio, l.importes.precioG);
+    if (i > 0) continue;
+    for (const Impuesto& impuesto : f.totales.porTipo) {
+      albaranImpuestos_.Insertar(f.clave.empresa, f.clave.ejercicio, f.clave.serie, ultimoAlbaran_,
+                                 impuesto.tipo, impuesto.base, impuesto.importe);
+    }
   }
 }
 

@@ -108,7 +108,9 @@ INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Nif, Direccion, CP, Localidad
 
   CarpetaTemporal carpeta;
   std::filesystem::path envios = carpeta / "Envíos EDI";
-  EntornoSistema sistema{{.ahora = FechaHora{2024, 3, 1, 9, 8, 7}, .semillaId = 1}};
+  std::filesystem::path unidad = carpeta.Ruta();
+  EntornoSistema sistema{
+      {.ahora = FechaHora{2024, 3, 1, 9, 8, 7}, .semillaId = 1, .unidad = carpeta.Ruta()}};
   EntornoConFallos entorno{sistema};
   HeadlessToolkit toolkit;
   SuiteReferencia suite;
