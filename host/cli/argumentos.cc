@@ -84,6 +84,8 @@ constexpr Opcion kComunes[] = {
      }},
     {"--terminal", "T", "Nombre del terminal (el de la máquina)",
      [](Argumentos& a, const std::string& v) { a.entorno.terminal = NoVacio(v); }},
+    {"--unidad", "DIR", "Carpeta que hace de raíz de la unidad C: (la del usuario)",
+     [](Argumentos& a, const std::string& v) { a.entorno.unidad = NoVacio(v); }},
     {"--region", "es|en", "Signo decimal: coma (es) o punto (en)",
      [](Argumentos& a, const std::string& v) {
        a.entorno.region.decimal = ",."[Eleccion<2>(v, {"es", "en"})];

@@ -111,6 +111,12 @@ bool SoloAvisos(SesionCli& sesion) {
   });
 }
 
+/// Every channel ends a complete sending with a message of this kind and no other box after it.
+bool EnvioCorrecto(SesionCli& sesion) {
+  const auto& cajas = sesion.Pantallas().Messages();
+  return SoloAvisos(sesion) && !cajas.empty() && cajas.back().text.ends_with("correctamente.");
+}
+
 int Enviar(const Argumentos& argumentos, const Salida& salida, PantallaEnvio& pantalla,
            SesionCli& sesion) {
   const bool cargada = pantalla.Cargar(argumentos);
@@ -133,8 +139,15 @@ int Enviar(const Argumentos& argumentos, const Salida& salida, PantallaEnvio& pa
     if (!lista.IsSet(fila, kSeleccion)) enviadas.push_back(fila);
   }
   EscribirEnviadas(lista, enviadas, sesion, salida.resultado);
-  const bool completo = !marcadas.empty() && enviadas.size() == marcadas.size();
-  return completo && SoloAvisos(sesion) ? kHecho : kRechazado;
+  if (!EnvioCorrecto(sesion)) return kRechazado;
+  if (enviadas.empty()) {
+    // A summary goes to one file for all the invoices of the range, and their rows stay as they
+    // are.
+    salida.resultado << "Mensaje resumen añadido a: "
+                     << (sesion.EntornoActual().DriveRoot() / "KVRAEDI_COACSU.txt").string()
+                     << '\n';
+  }
+  return kHecho;
 }
 
 }  // namespace
