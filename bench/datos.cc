@@ -49,12 +49,22 @@ void InsertarFactura(Connection& conexion, int codigo, int lineas) {
   }
 }
 
-}  // namespace
+constexpr std::string_view kMaestrosFacturae = R"(
+UPDATE Paises SET ISO3Codigo = 'ESP';
+UPDATE Clientes SET Nombre_Comercial = 'Hiper', EDI_Rol_Fiscal = 'L01', EDI_Rol_Receptor = 'L01',
+  EDI_Rol_Pagador = 'L01', Cod_EDIPlat_Fra = 3;
+INSERT INTO EDI_Centros_Administrativos VALUES ('L01', 'Intervención', 'Plaza 1', '35500',
+  'Arrecife', 'Las Palmas', 34, 'Oficina contable');
+INSERT INTO Igic_Tipos VALUES (1, 1, '01/01/2020', '31/12/2099', 7);
+)";
 
-std::filesystem::path PrepararInvoic(const std::filesystem::path& carpeta) {
-  auto ruta = carpeta / "invoic.db";
+/// A database with the masters and what `llenar` puts in; made once.
+template <class Llenar>
+std::filesystem::path Preparar(const std::filesystem::path& carpeta, const std::string& nombre,
+                               Llenar llenar) {
+  auto ruta = carpeta / (nombre + ".db");
   if (std::filesystem::exists(ruta)) return ruta;
-  const auto provisional = carpeta / "invoic.nueva";
+  const auto provisional = carpeta / (nombre + ".nueva");
   std::filesystem::remove(provisional);
   {
     SqliteConnection conexion(provisional.string(),
@@ -63,14 +73,31 @@ std::filesystem::path PrepararInvoic(const std::filesystem::path& carpeta) {
     conexion.Run(demo::kFunciones);
     conexion.Run(kMaestros);
     conexion.BeginTrans();
-    for (int codigo = 1; codigo <= kFacturas; ++codigo) {
-      InsertarFactura(conexion, codigo, kLineasPorFactura);
-    }
-    for (const auto& [codigo, lineas] : {kMil, kDiezMil}) InsertarFactura(conexion, codigo, lineas);
+    llenar(conexion);
     conexion.CommitTrans();
   }
   std::filesystem::rename(provisional, ruta);
   return ruta;
+}
+
+}  // namespace
+
+std::filesystem::path PrepararInvoic(const std::filesystem::path& carpeta) {
+  return Preparar(carpeta, "invoic", [](SqliteConnection& conexion) {
+    for (int codigo = 1; codigo <= kFacturas; ++codigo) {
+      InsertarFactura(conexion, codigo, kLineasPorFactura);
+    }
+    for (const auto& [codigo, lineas] : {kMil, kDiezMil}) InsertarFactura(conexion, codigo, lineas);
+  });
+}
+
+std::filesystem::path PrepararFacturae(const std::filesystem::path& carpeta) {
+  return Preparar(carpeta, "facturae", [](SqliteConnection& conexion) {
+    conexion.Run(kMaestrosFacturae);
+    for (const int lineas : {kDiezLineas, kDiezMilLineas}) {
+      InsertarFactura(conexion, lineas, lineas);
+    }
+  });
 }
 
 std::filesystem::path PrepararLista(const std::filesystem::path& carpeta, int facturas) {

@@ -22,6 +22,12 @@ inline constexpr FacturaLarga kDiezMil{900002, 10000};
 /// ones. Made once; a file that is there is left alone.
 std::filesystem::path PrepararInvoic(const std::filesystem::path& carpeta);
 
+/// A database with Facturae invoices of one customer, whose codes are their numbers of lines. Made
+/// once.
+inline constexpr int kDiezLineas = 10;
+inline constexpr int kDiezMilLineas = 10000;
+std::filesystem::path PrepararFacturae(const std::filesystem::path& carpeta);
+
 /// A demo database with so many invoices, made once.
 std::filesystem::path PrepararLista(const std::filesystem::path& carpeta, int facturas);
 

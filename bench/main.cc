@@ -12,6 +12,7 @@ int main(int argc, char** argv) {
   try {
     kvraedi::bench::RegistrarInvoic();
     kvraedi::bench::RegistrarFacturas();
+    kvraedi::bench::RegistrarFacturae();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
     benchmark::RunSpecifiedBenchmarks();

@@ -57,5 +57,6 @@ void Registrar(const std::string& nombre, std::function<void(benchmark::State&)>
 
 void RegistrarFacturas();
 void RegistrarInvoic();
+void RegistrarFacturae();
 
 }  // namespace kvraedi::bench

@@ -42,6 +42,12 @@ bool SentenciaSuelo::Paso() {
   return false;
 }
 
+std::string_view SentenciaSuelo::Texto(int columna) const {
+  const auto* const texto = sqlite3_column_text(sentencia_, columna);
+  return {reinterpret_cast<const char*>(texto),
+          static_cast<std::size_t>(sqlite3_column_bytes(sentencia_, columna))};
+}
+
 void SentenciaSuelo::CopiarFila(std::string& destino) const {
   const int columnas = sqlite3_column_count(sentencia_);
   for (int i = 0; i < columnas; ++i) {

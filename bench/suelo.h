@@ -35,6 +35,9 @@ class SentenciaSuelo {
   /// True while there is a row; at the end the statement is ready for the next use.
   bool Paso();
   void Reiniciar() { sqlite3_reset(sentencia_); }
+  /// A column of the row, as text and as a number.
+  std::string_view Texto(int columna) const;
+  double Real(int columna) const { return sqlite3_column_double(sentencia_, columna); }
   /// Appends the texts of all columns of the row.
   void CopiarFila(std::string& destino) const;
 

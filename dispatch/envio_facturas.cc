@@ -1,5 +1,6 @@
 #include <optional>
 
+#include "dispatch/fila_facturae.h"
 #include "dispatch/frmEnvioFactura.h"
 #include "frame/accion.h"
 #include "frame/avisos.h"
@@ -45,18 +46,6 @@ std::optional<ConfiguracionEnvio> LeerConfiguracion(std::int32_t cliente) {
                             rs->Get<std::int16_t>("Cod_EDITipoMsg"), rs->Get<std::int16_t>("Tipo")};
 }
 
-/// The year of a date that a cell shows.
-std::int16_t Ejercicio(std::string_view celda) {
-  const auto fecha = FechaHora::Parse(celda);
-  if (celda.empty() || !fecha) ThrowTypeMismatch();
-  return fecha->year;
-}
-
-[[noreturn]] void CanalNoDisponible(std::string_view canal) {
-  throw Error(5, "frmEnvioFactura",
-              "El envío por " + std::string(canal) + " no está disponible en esta versión");
-}
-
 }  // namespace
 
 void frmEnvioFactura::cmdAceptar_Click() {
@@ -76,7 +65,7 @@ void frmEnvioFactura::cmdAceptar_Click() {
     } else if (plataforma == kPlataformaSeres && mensaje == kMensajeCoacsu) {
       EnviarCoacsu();
     } else if (plataforma == kPlataformaFacturae && mensaje == kMensajeFacturae) {
-      CanalNoDisponible("FACTURA E");
+      EnviarFacturaE();
     } else if (plataforma == kPlataformaSeres || plataforma == kPlataformaFacturae) {
       Exigir("Debe definir el tipo de mensaje de envío para el cliente seleccionado");
     } else {
@@ -132,19 +121,38 @@ void frmEnvioFactura::EnviarCoacsu() {
 void frmEnvioFactura::EnviarInvoic() {
   MsgOp(true, "Generando fichero INVOIC, por favor espere...");
   const auto cliente = Estrechar<std::int16_t>(txtCliente.Code());
+  EnviarMarcadas(
+      [&](int fila) {
+        return INVOIC(cliente, Entero<std::int16_t>(vsDocs.Cell(fila, kSerie)),
+                      Entero<std::int32_t>(vsDocs.Cell(fila, kFactura)),
+                      Entero<std::int16_t>(vsDocs.Cell(fila, kTipoDoc)),
+                      FechaCelda(vsDocs.Cell(fila, kFecha)).year);
+      },
+      "Error al generar la factura INVOIC: ",
+      "El/los fichero/s INVOIC se han generado correctamente.");
+}
+
+void frmEnvioFactura::EnviarFacturaE() {
+  MsgOp(true, "Generando fichero Factura E, por favor espere...");
+  PonerCodigosFacturaE();
+  EnviarMarcadas([&](int fila) { return GenerarFacturaE(vsDocs, fila, false, "", 0); },
+                 "Error al generar la factura: ",
+                 "El/los fichero/s de FACTURA E se han generado correctamente.");
+}
+
+/// Sends the ticked rows in the order of the list and marks them; the first failure ends it.
+void frmEnvioFactura::EnviarMarcadas(const std::function<bool(int fila)>& enviar,
+                                     std::string_view fallo, std::string_view exito) {
   for (int fila = 1; fila < vsDocs.Rows(); ++fila) {
     if (!vsDocs.IsSet(fila, kSeleccion)) continue;
-    if (!INVOIC(cliente, Entero<std::int16_t>(vsDocs.Cell(fila, kSerie)),
-                Entero<std::int32_t>(vsDocs.Cell(fila, kFactura)),
-                Entero<std::int16_t>(vsDocs.Cell(fila, kTipoDoc)),
-                Ejercicio(vsDocs.Cell(fila, kFecha)))) {
-      Informar("Error al generar la factura INVOIC: " + std::string(vsDocs.Cell(fila, kFactura)));
+    if (!enviar(fila)) {
+      Informar(std::string(fallo).append(vsDocs.Cell(fila, kFactura)));
       return;
     }
     vsDocs.SetCell(fila, kGenerada, "X");
     vsDocs.SetCell(fila, kSeleccion, "0");
   }
-  Informar("El/los fichero/s INVOIC se han generado correctamente.");
+  Informar(exito);
 }
 
 }  // namespace kvraedi

@@ -137,7 +137,6 @@ void frmEnvioFactura::Disponer() {
       Row({Space(), cmdAceptar, cmdExportar, cmdAnexar, cmdCancelar}),
   }));
   cmdExportar.SetEnabled(false);
-  cmdAnexar.SetEnabled(false);
 }
 
 void frmEnvioFactura::Escuchar() {
@@ -151,6 +150,7 @@ void frmEnvioFactura::Escuchar() {
   vsDocs.onClick = [this](int fila, int columna) { vsDocs_Click(fila, columna); };
   chkSelelecion_vsDocs.onClick = [this] { chkSelelecion_vsDocs_Click(); };
   cmdAceptar.onClick = [this] { cmdAceptar_Click(); };
+  cmdAnexar.onClick = [this] { cmdAnexar_Click(); };
   cmdCancelar.onClick = [this] { Unload(); };
 }
 
@@ -182,16 +182,7 @@ void frmEnvioFactura::Cargar() {
 }
 
 void frmEnvioFactura::Llenar(Recordset& facturas) {
-  /// Repainting is resumed however the filling ends; the rows filled so far stay.
-  struct SinRepintar {
-    explicit SinRepintar(ui::Grid& g) : grid(g) { grid.SetRedraw(false); }
-    ~SinRepintar() { grid.SetRedraw(true); }
-    SinRepintar(const SinRepintar&) = delete;
-    SinRepintar& operator=(const SinRepintar&) = delete;
-    ui::Grid& grid;
-  };
-
-  const SinRepintar sinRepintar(vsDocs);
+  const ui::RedrawPause pause(vsDocs);
   vsDocs.Reset();
   std::string plataforma = "/";
   if (txtCliente.Code() > 0 && !facturas.Eof()) {
@@ -225,12 +216,11 @@ void frmEnvioFactura::AlternarExclusion(int fila) {
 
 void frmEnvioFactura::chkSelelecion_vsDocs_Click() {
   const bool todas = chkSelelecion_vsDocs.Value();
-  vsDocs.SetRedraw(false);
+  const ui::RedrawPause pause(vsDocs);
   for (int fila = 1; fila < vsDocs.Rows(); ++fila) {
     const bool apta = vsDocs.Cell(fila, kGenerada) != "X" && !vsDocs.IsSet(fila, kNoEnviar);
     vsDocs.SetCell(fila, kSeleccion, todas && apta ? "1" : "0");
   }
-  vsDocs.SetRedraw(true);
 }
 
 }  // namespace kvraedi

@@ -1,6 +1,7 @@
 #pragma once
 
-#include <optional>
+#include <functional>
+#include <string_view>
 
 #include "dispatch/consulta_facturas.h"
 #include "kvraedi/conexion.h"
@@ -8,7 +9,7 @@
 
 namespace kvraedi {
 
-/// Columns of the invoice grid. Those from kTipoNum on, and some before, are hidden keys.
+/// Columns of the invoice grid; the ones without a header are hidden keys.
 enum ColumnaFactura : int {
   kSeleccion,
   kGenerada,
@@ -64,7 +65,13 @@ class frmEnvioFactura : public ui::Form {
   bool EnvioValido();
   bool HaySeleccion() const;
   void EnviarInvoic();
+  void EnviarFacturaE();
+  void EnviarMarcadas(const std::function<bool(int fila)>& enviar, std::string_view fallo,
+                      std::string_view exito);
   void EnviarCoacsu();
+
+  // Attachments
+  void cmdAnexar_Click();
 
   bool cargado_ = false;
 

@@ -1,17 +1,50 @@
 #include "frame/fichero_envio.h"
 
 #include <exception>
+#include <optional>
 #include <utility>
 
 #include "kvraedi/error.h"
 
 namespace kvraedi {
+
+// The object is complete when the other constructor has run: whatever fails then is cleaned up.
 FicheroEnvio::FicheroEnvio(Entorno& entorno, const std::filesystem::path& trabajo,
-                           const std::filesystem::path& destino, const std::string& nombre)
-    : entorno_(entorno),
-      trabajo_(trabajo / nombre),
-      final_(destino / nombre),
-      escritor_(std::make_unique<EscritorTexto>(entorno.Create(trabajo_))) {}
+                           const std::filesystem::path& destino, const NombrePorSello& nombrar)
+    : FicheroEnvio(entorno) {
+  std::optional<FechaHora> anterior;
+  for (bool creado = false; !creado;) {
+    const FechaHora sello = entorno.FileStamp();
+    const std::string nombre = nombrar(sello);
+    trabajo_ = trabajo / nombre;
+    final_ = destino / nombre;
+    creado = Crear(sello == anterior);
+    anterior = sello;
+  }
+}
+
+/// False when the name is in use. The work file comes first and the final one last, in the order in
+/// which another sender's file moves on, so that it cannot slip past.
+bool FicheroEnvio::Crear(bool sustituir) {
+  auto fichero = sustituir ? entorno_.Create(trabajo_) : entorno_.CreateNew(trabajo_);
+  if (!fichero) {
+    trabajo_.clear();
+    return false;
+  }
+  if (!sustituir && (entorno_.FileExists(Copia()) || entorno_.FileExists(final_))) {
+    fichero.reset();
+    entorno_.Delete(std::exchange(trabajo_, {}));
+    return false;
+  }
+  escritor_ = std::make_unique<EscritorTexto>(std::move(fichero));
+  return true;
+}
+
+std::filesystem::path FicheroEnvio::Copia() const {
+  std::filesystem::path copia = final_;
+  copia += ".parcial";
+  return copia;
+}
 
 FicheroEnvio::~FicheroEnvio() {
   escritor_.reset();
@@ -21,9 +54,7 @@ FicheroEnvio::~FicheroEnvio() {
 
 void FicheroEnvio::Preparar() {
   escritor_->Cerrar();
-  std::filesystem::path copia = final_;
-  copia += ".parcial";
-  copia_ = copia;
+  copia_ = Copia();
   entorno_.Copy(trabajo_, copia_);
   entorno_.Delete(trabajo_);
   trabajo_.clear();

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 
@@ -14,13 +15,19 @@ namespace kvraedi {
 /// been published when the object goes is removed.
 class FicheroEnvio {
  public:
-  /// Creates the file, empty, in the work folder. Both folders must exist.
+  /// Makes the file's name from a file stamp.
+  using NombrePorSello = std::function<std::string(const FechaHora& sello)>;
+
+  /// Creates the file, empty, in the work folder. Both folders must exist. A name that is in use in
+  /// either, by this program or another, is passed over; only when the clock stands still does the
+  /// new file take the place of the old one.
   FicheroEnvio(Entorno& entorno, const std::filesystem::path& trabajo,
-               const std::filesystem::path& destino, const std::string& nombre);
+               const std::filesystem::path& destino, const NombrePorSello& nombrar);
   ~FicheroEnvio();
   FicheroEnvio(const FicheroEnvio&) = delete;
   FicheroEnvio& operator=(const FicheroEnvio&) = delete;
 
+  std::string Nombre() const { return final_.filename().string(); }
   EscritorTexto& Texto() { return *escritor_; }
   /// Closes the file, copies it to the destination under a name of its own and takes it out of the
   /// work folder.
@@ -29,6 +36,9 @@ class FicheroEnvio {
   void Publicar();
 
  private:
+  explicit FicheroEnvio(Entorno& entorno) : entorno_(entorno) {}
+  bool Crear(bool sustituir);
+  std::filesystem::path Copia() const;
   void Retirar(std::filesystem::path& fichero) noexcept;
 
   Entorno& entorno_;

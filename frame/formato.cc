@@ -44,7 +44,9 @@ std::string FormatearNumero(Currency valor, std::string_view patron, char decima
     text += decimal;
     std::uint64_t fraction = magnitude % kScale;
     for (std::size_t i = decimales; i < 4; ++i) fraction /= 10;
-    AppendPadded(text, fraction, decimales);
+    const std::size_t exactos = std::min<std::size_t>(decimales, 4);
+    AppendPadded(text, fraction, exactos);
+    text.append(decimales - exactos, '0');
   }
   return text;
 }
@@ -122,6 +124,15 @@ struct ValueText {
 }  // namespace
 
 std::string TextoDe(const Valor& valor) { return std::visit(ValueText{}, valor); }
+
+std::string_view PrimerosCaracteres(std::string_view texto, std::size_t caracteres) {
+  const auto continua = [](char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; };
+  std::size_t fin = 0;
+  for (; fin < texto.size(); ++fin) {
+    if (!continua(texto[fin]) && caracteres-- == 0) break;
+  }
+  return texto.substr(0, fin);
+}
 
 bool FormatearCampo(Alineacion alineacion, std::string_view texto, std::span<char> campo) {
   const auto [used, fits] = Escribir1252(texto, campo);

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <optional>
 #include <span>
@@ -11,9 +12,9 @@
 namespace kvraedi {
 
 /// A number under a pattern such as "0.000", "#0.00" or "000000": the zeros before the point are
-/// the least integer digits, those after it the decimals, rounded half away from zero. `decimal`
-/// stands between them in the result. No thousands separator; "-" in front of a negative value that
-/// does not round to zero.
+/// the least integer digits, those after it the decimals (beyond four they are zeros), rounded half
+/// away from zero. `decimal` stands between them in the result. No thousands separator; "-" in
+/// front of a negative value that does not round to zero.
 std::string FormatearNumero(Currency valor, std::string_view patron, char decimal = '.');
 
 /// A date under a pattern of "yyyy", "yy", "mm", "dd", "hh", "nn" (minutes) and "ss"; anything else
@@ -30,6 +31,9 @@ std::optional<FechaHora> FechaEscrita(std::string_view texto);
 
 /// A value as text: a number plainly, with a point and 15 significant digits at most; a null is "".
 std::string TextoDe(const Valor& valor);
+
+/// The first characters of a UTF-8 text, the whole text when it has no more.
+std::string_view PrimerosCaracteres(std::string_view texto, std::size_t caracteres);
 
 enum class Alineacion : std::int16_t { kIzquierda = 0, kDerecha = 2 };
 

@@ -1,5 +1,7 @@
 #include "frame/numero.h"
 
+#include <cmath>
+
 namespace kvraedi {
 namespace {
 
@@ -15,6 +17,7 @@ Entero128 Multiplicar(Entero128 a, Entero128 b) {
 
 /// valor / divisor, half away from zero.
 Entero128 Dividir(Entero128 valor, Entero128 divisor) {
+  if (divisor < 0) return Dividir(-valor, -divisor);
   const Entero128 cociente = valor / divisor;
   const Entero128 resto = valor % divisor;
   if ((resto < 0 ? -resto : resto) * 2 < divisor) return cociente;
@@ -29,6 +32,19 @@ Currency DesdeUnidades(Entero128 unidades) {
 
 Currency Producto(Currency a, Currency b) {
   return DesdeUnidades(Dividir(Multiplicar(a.Units(), b.Units()), Currency::kScale));
+}
+
+Currency ReglaDeTres(Currency a, Currency b, Currency divisor) {
+  return DesdeUnidades(Dividir(Multiplicar(a.Units(), b.Units()), divisor.Units()));
+}
+
+Currency Porcentaje(Currency importe, Currency porcentaje) {
+  return ReglaDeTres(importe, porcentaje, Currency::FromInteger(kPorCiento));
+}
+
+double RedondearAlPar(double valor, int decimales) {
+  const double escala = std::pow(10.0, decimales);
+  return std::nearbyint(valor * escala) / escala;
 }
 
 Currency Redondear(Currency valor, int decimales) {

@@ -13,8 +13,17 @@ namespace kvraedi {
 /// a * b, exact, taken to four decimals half away from zero.
 Currency Producto(Currency a, Currency b);
 
+/// a * b / divisor, exact, taken to four decimals half away from zero. The divisor is not zero.
+Currency ReglaDeTres(Currency a, Currency b, Currency divisor);
+
+/// a percentage of an amount, exact, taken to four decimals half away from zero.
+Currency Porcentaje(Currency importe, Currency porcentaje);
+
 /// The suite's rounding: to `decimales` (0 to 4) decimals, halves away from zero.
 Currency Redondear(Currency valor, int decimales);
+
+/// The runtime's own rounding of a floating-point number: halves go to the even neighbour.
+double RedondearAlPar(double valor, int decimales);
 
 /// price * units - (price * units * discount percentage) / 100, computed exactly, then taken to
 /// four decimals half away from zero.

@@ -13,6 +13,7 @@ Empresa::~Empresa() = default;
 FileWriter::~FileWriter() = default;
 Entorno::~Entorno() = default;
 Suite::~Suite() = default;
+DocumentoXml::~DocumentoXml() = default;
 
 namespace {
 

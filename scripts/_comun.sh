@@ -6,8 +6,8 @@ raiz=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 programa=${0##*/}
 
 # Debian packages, by what they are for.
-paquetes_construir=(g++ cmake ninja-build libsqlite3-dev qt6-base-dev libcli11-dev fonts-dejavu-core)
-paquetes_probar=(libgtest-dev locales python3)
+paquetes_construir=(g++ cmake ninja-build libsqlite3-dev libpugixml-dev qt6-base-dev libcli11-dev fonts-dejavu-core)
+paquetes_probar=(libgtest-dev libxml2-utils locales python3)
 paquetes_medir=(libbenchmark-dev python3)
 paquetes_revisar=(clang-format clang-tidy python3)
 

@@ -25,16 +25,8 @@ std::filesystem::path RaizEnvios(Entorno& entorno) {
   return raiz;
 }
 
-/// Name of a new file. A name that the year's folder holds already is passed over, unless the clock
-/// is fixed: then the new file replaces the old one.
-std::string NombreFichero(Entorno& entorno, const std::filesystem::path& carpeta) {
-  std::optional<FechaHora> anterior;
-  for (;;) {
-    const FechaHora momento = entorno.FileStamp();
-    std::string nombre = "INVOIC" + FormatearFecha(momento, "yyyymmddhhnnss") + ".txt";
-    if (momento == anterior || !entorno.FileExists(carpeta / nombre)) return nombre;
-    anterior = momento;
-  }
+std::string NombreFichero(const FechaHora& sello) {
+  return "INVOIC" + FormatearFecha(sello, "yyyymmddhhnnss") + ".txt";
 }
 
 ClaveFactura ClaveDe(const Recordset& factura) {
@@ -72,14 +64,13 @@ void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave) {
 
   const auto factura =
       conexion.Open(invoic::ConsultaFactura(clave, empresa.EmpresaClientes(), cliente));
-  const std::string nombre = NombreFichero(entorno, carpeta);
-  FicheroEnvio fichero(entorno, temporal, carpeta, nombre);
+  FicheroEnvio fichero(entorno, temporal, carpeta, NombreFichero);
   std::optional<std::string> registro;
   if (!factura->Eof()) {
     const invoic::Mensaje mensaje{conexion, empresa,           entorno.Region(),
                                   *factura, ClaveDe(*factura), fichero.Texto()};
     const auto identificador = EscribirMensaje(mensaje, entorno);
-    if (identificador) registro = InsertarEnvio(mensaje.clave, *identificador, nombre);
+    if (identificador) registro = InsertarEnvio(mensaje.clave, *identificador, fichero.Nombre());
   }
   factura->Close();
   fichero.Preparar();

@@ -78,9 +78,28 @@ std::int32_t NumericBox::Value() const {
   return value;
 }
 
-void ComboBox::AddItem(std::string text) {
+void ComboBox::AddItem(std::string text, std::int32_t data) {
   items_.push_back(std::move(text));
+  data_.push_back(data);
   Changed();
+}
+
+std::string_view ComboBox::Text() const {
+  return index_ < 0 ? std::string_view() : items_[static_cast<std::size_t>(index_)];
+}
+
+std::int32_t ComboBox::Data() const {
+  return index_ < 0 ? 0 : data_[static_cast<std::size_t>(index_)];
+}
+
+void ComboBox::SelectText(std::string_view text) {
+  const auto found = std::find(items_.begin(), items_.end(), text);
+  if (found != items_.end()) SetListIndex(static_cast<int>(found - items_.begin()));
+}
+
+void ComboBox::SelectData(std::int32_t data) {
+  const auto found = std::find(data_.begin(), data_.end(), data);
+  if (found != data_.end()) SetListIndex(static_cast<int>(found - data_.begin()));
 }
 
 void ComboBox::SetListIndex(int index) {

@@ -58,7 +58,12 @@ void Form::Show(ShowMode mode, Form* owner) {
   const auto alive = weak_from_this().lock();
   if (state_ == State::kNew) {
     state_ = State::kLoaded;
-    OnLoad();
+    try {
+      OnLoad();
+    } catch (...) {
+      Unload();
+      throw;
+    }
   }
   if (state_ != State::kLoaded) return;
   visible_ = true;

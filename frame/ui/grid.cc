@@ -60,6 +60,13 @@ void Grid::AddRow(std::span<const std::string_view> cells) {
   if (redraw_ && gridView_ != nullptr) gridView_->RowsChanged();
 }
 
+void Grid::RemoveRow(int row) {
+  if (row < 1 || row >= Rows()) return;
+  rows_.erase(rows_.begin() + (row - 1));
+  if (row_ > row || row_ == Rows()) --row_;
+  if (redraw_ && gridView_ != nullptr) gridView_->RowsChanged();
+}
+
 void Grid::Reset() {
   rows_.clear();
   rows_.shrink_to_fit();

@@ -86,6 +86,10 @@ constexpr Opcion kComunes[] = {
      [](Argumentos& a, const std::string& v) { a.entorno.terminal = NoVacio(v); }},
     {"--unidad", "DIR", "Carpeta que hace de raíz de la unidad C: (la del usuario)",
      [](Argumentos& a, const std::string& v) { a.entorno.unidad = NoVacio(v); }},
+    {"--componente", "DIR", "Carpeta del componente; el firmador está en DIR/../EDI/FacturaE",
+     [](Argumentos& a, const std::string& v) { a.entorno.componente = NoVacio(v); }},
+    {"--perfil", "DIR", "Carpeta de perfil, con la de trabajo Ormo/EDI (la del usuario)",
+     [](Argumentos& a, const std::string& v) { a.entorno.perfil = NoVacio(v); }},
     {"--region", "es|en", "Signo decimal: coma (es) o punto (en)",
      [](Argumentos& a, const std::string& v) {
        a.entorno.region.decimal = ",."[Eleccion<2>(v, {"es", "en"})];
@@ -140,6 +144,36 @@ constexpr Opcion kEnviar[] = {
      PonerFactura, false, true},
 };
 
+constexpr Opcion kAnexosCliente = {"--cliente", "N", "Cliente (obligatoria)", PonerCliente, true};
+constexpr Opcion kAnexosDesde = {"--desde", "FECHA", "Primera fecha, dd/mm/aaaa (obligatoria)",
+                                 PonerDesde, true};
+constexpr Opcion kAnexosHasta = {"--hasta", "FECHA", "Última fecha, dd/mm/aaaa (obligatoria)",
+                                 PonerHasta, true};
+constexpr Opcion kAnexosFactura = {
+    "--factura", "CLAVE", "Factura (obligatoria), como en «facturas enviar»", PonerFactura, true};
+
+constexpr Opcion kAnexosListar[] = {kAnexosCliente, kAnexosDesde, kAnexosHasta, kAnexosFactura};
+
+constexpr Opcion kAnexosAnadir[] = {
+    kAnexosCliente,
+    kAnexosDesde,
+    kAnexosHasta,
+    kAnexosFactura,
+    {"--fichero", "FICHERO", "Documento PDF que se anexa (obligatoria)",
+     [](Argumentos& a, const std::string& v) { a.fichero = NoVacio(v); }, true},
+    {"--descripcion", "TEXTO", "Descripción del documento (obligatoria)",
+     [](Argumentos& a, const std::string& v) { a.descripcion = v; }, true},
+};
+
+constexpr Opcion kAnexosQuitar[] = {
+    kAnexosCliente,
+    kAnexosDesde,
+    kAnexosHasta,
+    kAnexosFactura,
+    {"--nombre", "NOMBRE", "Nombre del fichero anexado (obligatoria)",
+     [](Argumentos& a, const std::string& v) { a.nombre = NoVacio(v); }, true},
+};
+
 constexpr Opcion kPantallas[] = {
     {"--capturas", "DIR", "En vez de abrirlas, guarda sus imágenes en una carpeta que ya existe",
      [](Argumentos& a, const std::string& v) { a.capturas = NoVacio(v); }},
@@ -153,6 +187,9 @@ std::span<const Opcion> OpcionesComunes() { return kComunes; }
 std::span<const Opcion> OpcionesDemo() { return kDemo; }
 std::span<const Opcion> OpcionesListar() { return kListar; }
 std::span<const Opcion> OpcionesEnviar() { return kEnviar; }
+std::span<const Opcion> OpcionesAnexosListar() { return kAnexosListar; }
+std::span<const Opcion> OpcionesAnexosAnadir() { return kAnexosAnadir; }
+std::span<const Opcion> OpcionesAnexosQuitar() { return kAnexosQuitar; }
 std::span<const Opcion> OpcionesPantallas() { return kPantallas; }
 
 }  // namespace kvraedi::cli

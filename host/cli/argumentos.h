@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "host/cli/clave_factura.h"
+#include "host/cli/datos_centro.h"
 #include "platform/os/entorno_sistema.h"
 
 namespace kvraedi::cli {
@@ -32,6 +33,13 @@ struct Argumentos {
   bool json = false;
   bool todas = false;
   std::vector<ClaveFactura> claves;
+
+  std::string fichero;
+  std::string descripcion;
+  std::string nombre;
+
+  DatosCentro centro;
+
   std::optional<std::string> capturas;
 };
 
@@ -50,6 +58,13 @@ std::span<const Opcion> OpcionesComunes();
 std::span<const Opcion> OpcionesDemo();
 std::span<const Opcion> OpcionesListar();
 std::span<const Opcion> OpcionesEnviar();
+std::span<const Opcion> OpcionesAnexosListar();
+std::span<const Opcion> OpcionesAnexosAnadir();
+std::span<const Opcion> OpcionesAnexosQuitar();
+std::span<const Opcion> OpcionesCentrosListar();
+std::span<const Opcion> OpcionesCentrosAnadir();
+std::span<const Opcion> OpcionesCentrosModificar();
+std::span<const Opcion> OpcionesCentrosEliminar();
 std::span<const Opcion> OpcionesPantallas();
 
 }  // namespace kvraedi::cli

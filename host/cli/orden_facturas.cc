@@ -1,6 +1,4 @@
 #include <algorithm>
-#include <exception>
-#include <functional>
 #include <ostream>
 #include <set>
 #include <string>
@@ -8,41 +6,14 @@
 
 #include "host/cli/columnas.h"
 #include "host/cli/fallo.h"
+#include "host/cli/ficheros_firmados.h"
 #include "host/cli/lista_facturas.h"
 #include "host/cli/ordenes.h"
 #include "host/cli/pantalla_envio.h"
 #include "host/cli/sesion_cli.h"
-#include "kvraedi/clsFacturacionEmision.h"
 
 namespace kvraedi::cli {
 namespace {
-
-/// Opens the screen of issued invoices and lets the user that `pasos` describes work on it.
-int UsarPantalla(const Argumentos& argumentos, const Salida& salida,
-                 const std::function<int(PantallaEnvio&, SesionCli&)>& pasos) {
-  SesionCli sesion(argumentos, salida.mensajes);
-  int codigo = kRechazado;
-  std::exception_ptr error;
-  // Nothing may be thrown through the component.
-  sesion.Pantallas().OnShow("frmEnvioFactura", [&](ui::Form& form) {
-    try {
-      PantallaEnvio pantalla(form, sesion.Pantallas());
-      codigo = pasos(pantalla, sesion);
-    } catch (...) {
-      error = std::current_exception();
-    }
-  });
-  {
-    constexpr std::int16_t kModal = 1;
-    clsFacturacionEmision facturacion;
-    facturacion.EmpresaKestrova(sesion.EmpresaActual());
-    facturacion.ConexionKestrova(sesion.Conexion());
-    facturacion.Show(kModal, nullptr);
-  }
-  if (error) std::rethrow_exception(error);
-  sesion.Cerrar();
-  return codigo;
-}
 
 void AvisarClienteDesconocido(const Argumentos& argumentos, PantallaEnvio& pantalla,
                               const Salida& salida) {
@@ -56,23 +27,6 @@ std::vector<int> Marcadas(const ui::Grid& lista) {
     if (lista.IsSet(fila, kSeleccion)) filas.push_back(fila);
   }
   return filas;
-}
-
-/// The row that a key names. Raises Fallo when there is none, or one for each of several types.
-int FilaDe(const ui::Grid& lista, const ClaveFactura& clave) {
-  int encontrada = 0;
-  for (int fila = 1; fila < lista.Rows(); ++fila) {
-    if (!clave.Coincide(lista, fila)) continue;
-    if (encontrada == 0) {
-      encontrada = fila;
-    } else if (lista.Cell(fila, kTipoDoc) != lista.Cell(encontrada, kTipoDoc)) {
-      throw Fallo(kRechazado, "hay más de una factura " + clave.Texto() + "; indique TIPODOC");
-    }
-  }
-  if (encontrada == 0) {
-    throw Fallo(kRechazado, "la factura " + clave.Texto() + " no está en la lista");
-  }
-  return encontrada;
 }
 
 /// Ticks the named rows; false, and the reasons on the messages, when any of them stays unticked.
@@ -95,12 +49,15 @@ bool MarcarClaves(const std::vector<ClaveFactura>& claves, PantallaEnvio& pantal
   return bien;
 }
 
-void EscribirEnviadas(const ui::Grid& lista, const std::vector<int>& filas, const SesionCli& sesion,
+void EscribirEnviadas(const ui::Grid& lista, const std::vector<int>& filas, SesionCli& sesion,
                       std::ostream& salida) {
   salida << "Facturas enviadas: " << filas.size() << '\n';
   for (const int fila : filas) salida << "  " << ClaveFactura::De(lista, fila) << '\n';
   if (filas.empty()) return;
   salida << "Carpeta de envíos: " << sesion.Parametro("EDI_PathFichEnvios") << '\n';
+  const auto firmados = FicherosFirmados(sesion, lista, filas);
+  if (!firmados.empty()) salida << "Documentos firmados:\n";
+  for (const auto& firmado : firmados) salida << "  " << firmado.string() << '\n';
 }
 
 /// True when no message box was more than information.
@@ -153,7 +110,7 @@ int Enviar(const Argumentos& argumentos, const Salida& salida, PantallaEnvio& pa
 }  // namespace
 
 int EjecutarListar(const Argumentos& argumentos, const Salida& salida) {
-  return UsarPantalla(argumentos, salida, [&](PantallaEnvio& pantalla, SesionCli&) -> int {
+  return UsarPantallaEnvio(argumentos, salida, [&](PantallaEnvio& pantalla, SesionCli&) -> int {
     if (!pantalla.Cargar(argumentos)) return kRechazado;
     AvisarClienteDesconocido(argumentos, pantalla, salida);
     const auto escribir = argumentos.json ? EscribirJson : EscribirTabla;
@@ -166,7 +123,7 @@ int EjecutarEnviar(const Argumentos& argumentos, const Salida& salida) {
   if (argumentos.todas == !argumentos.claves.empty()) {
     throw Fallo(kUsoErroneo, "hay que dar --todas o --factura, y sólo una de las dos");
   }
-  return UsarPantalla(argumentos, salida, [&](PantallaEnvio& pantalla, SesionCli& sesion) {
+  return UsarPantallaEnvio(argumentos, salida, [&](PantallaEnvio& pantalla, SesionCli& sesion) {
     return Enviar(argumentos, salida, pantalla, sesion);
   });
 }

@@ -29,6 +29,13 @@ std::span<const Orden> Ordenes();
 int EjecutarDemo(const Argumentos& argumentos, const Salida& salida);
 int EjecutarListar(const Argumentos& argumentos, const Salida& salida);
 int EjecutarEnviar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarAnexosListar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarAnexosAnadir(const Argumentos& argumentos, const Salida& salida);
+int EjecutarAnexosQuitar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarCentrosListar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarCentrosAnadir(const Argumentos& argumentos, const Salida& salida);
+int EjecutarCentrosModificar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarCentrosEliminar(const Argumentos& argumentos, const Salida& salida);
 int EjecutarPantallas(const Argumentos& argumentos, const Salida& salida);
 
 }  // namespace kvraedi::cli

@@ -1,25 +1,15 @@
 #include "host/cli/pantalla_envio.h"
 
+#include <exception>
 #include <string>
 
 #include "host/cli/columnas.h"
-#include "kvraedi/error.h"
+#include "host/cli/controles.h"
+#include "host/cli/fallo.h"
+#include "host/cli/sesion_cli.h"
+#include "kvraedi/clsFacturacionEmision.h"
 
 namespace kvraedi::cli {
-namespace {
-
-template <class T>
-T& Buscar(const ui::Form& form, const char* nombre) {
-  auto* const control = dynamic_cast<T*>(form.Find(nombre));
-  if (control == nullptr) {
-    throw Error(kErrorItemNotFound, "kvraedi",
-                "La pantalla " + form.Name() + " no tiene el control " + nombre);
-  }
-  return *control;
-}
-
-}  // namespace
-
 PantallaEnvio::PantallaEnvio(ui::Form& form, const HeadlessToolkit& toolkit)
     : toolkit_(toolkit),
       txtFechaI_(Buscar<ui::DateBox>(form, "txtFechaI")),
@@ -30,7 +20,8 @@ PantallaEnvio::PantallaEnvio(ui::Form& form, const HeadlessToolkit& toolkit)
       cboTipo_(Buscar<ui::ComboBox>(form, "cboTipo")),
       vsDocs_(Buscar<ui::Grid>(form, "vsDocs")),
       chkTodas_(Buscar<ui::CheckBox>(form, "chkSelelecion_vsDocs")),
-      cmdAceptar_(Buscar<ui::Button>(form, "cmdAceptar")) {}
+      cmdAceptar_(Buscar<ui::Button>(form, "cmdAceptar")),
+      cmdAnexar_(Buscar<ui::Button>(form, "cmdAnexar")) {}
 
 bool PantallaEnvio::Cargar(const Argumentos& filtros) {
   const std::size_t mensajes = toolkit_.Messages().size();
@@ -47,5 +38,51 @@ bool PantallaEnvio::Cargar(const Argumentos& filtros) {
 }
 
 void PantallaEnvio::Marcar(int fila) { vsDocs_.Click(fila, kSeleccion); }
+
+void PantallaEnvio::Anexar(int fila) {
+  vsDocs_.MoveTo(fila);
+  cmdAnexar_.Press();
+}
+
+int UsarPantallaEnvio(const Argumentos& argumentos, const Salida& salida, const PasosEnvio& pasos) {
+  SesionCli sesion(argumentos, salida.mensajes);
+  int codigo = kRechazado;
+  std::exception_ptr error;
+  // Nothing may be thrown through the component.
+  sesion.Pantallas().OnShow("frmEnvioFactura", [&](ui::Form& form) {
+    try {
+      PantallaEnvio pantalla(form, sesion.Pantallas());
+      codigo = pasos(pantalla, sesion);
+    } catch (...) {
+      error = std::current_exception();
+    }
+  });
+  {
+    constexpr std::int16_t kModal = 1;
+    clsFacturacionEmision facturacion;
+    facturacion.EmpresaKestrova(sesion.EmpresaActual());
+    facturacion.ConexionKestrova(sesion.Conexion());
+    facturacion.Show(kModal, nullptr);
+  }
+  if (error) std::rethrow_exception(error);
+  sesion.Cerrar();
+  return codigo;
+}
+
+int FilaDe(const ui::Grid& lista, const ClaveFactura& clave) {
+  int encontrada = 0;
+  for (int fila = 1; fila < lista.Rows(); ++fila) {
+    if (!clave.Coincide(lista, fila)) continue;
+    if (encontrada == 0) {
+      encontrada = fila;
+    } else if (lista.Cell(fila, kTipoDoc) != lista.Cell(encontrada, kTipoDoc)) {
+      throw Fallo(kRechazado, "hay más de una factura " + clave.Texto() + "; indique TIPODOC");
+    }
+  }
+  if (encontrada == 0) {
+    throw Fallo(kRechazado, "la factura " + clave.Texto() + " no está en la lista");
+  }
+  return encontrada;
+}
 
 }  // namespace kvraedi::cli

@@ -1,10 +1,15 @@
 #pragma once
 
+#include <functional>
+
 #include "host/cli/argumentos.h"
+#include "host/cli/ordenes.h"
 #include "kvraedi/ui/form.h"
 #include "platform/headless/headless_toolkit.h"
 
 namespace kvraedi::cli {
+
+class SesionCli;
 
 /// The user at the screen frmEnvioFactura.
 class PantallaEnvio {
@@ -20,6 +25,8 @@ class PantallaEnvio {
   void MarcarTodas() { chkTodas_.Toggle(); }
   void Marcar(int fila);
   void Aceptar() { cmdAceptar_.Press(); }
+  /// Opens the attachments of a row; returns when their screen is closed.
+  void Anexar(int fila);
 
  private:
   const HeadlessToolkit& toolkit_;
@@ -32,6 +39,16 @@ class PantallaEnvio {
   ui::Grid& vsDocs_;
   ui::CheckBox& chkTodas_;
   ui::Button& cmdAceptar_;
+  ui::Button& cmdAnexar_;
 };
+
+/// What the user does at the screen; gives back the exit code and may raise.
+using PasosEnvio = std::function<int(PantallaEnvio&, SesionCli&)>;
+
+/// Opens a session and its screen frmEnvioFactura for that user. Raises what the steps raise.
+int UsarPantallaEnvio(const Argumentos& argumentos, const Salida& salida, const PasosEnvio& pasos);
+
+/// The row that a key names. Raises Fallo when there is none, or one for each of several types.
+int FilaDe(const ui::Grid& lista, const ClaveFactura& clave);
 
 }  // namespace kvraedi::cli

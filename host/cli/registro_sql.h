@@ -24,6 +24,11 @@ class RegistroSql : public ConnectionWrapper {
     Anotar(sql);
     return ConnectionWrapper::Execute(sql);
   }
+  void UpdateBlob(std::string_view sql, std::string_view field,
+                  std::span<const std::byte> bytes) override {
+    Anotar(sql);
+    ConnectionWrapper::UpdateBlob(sql, field, bytes);
+  }
 
  private:
   void Anotar(std::string_view sql) {

@@ -130,6 +130,35 @@ constexpr auto kTablaClientes = std::to_array<ClienteDemo>({
     {61, "José Antonio de la Peña y Muñoz", "43616161Z", 1, kNac, 1},
 });
 
+constexpr LugarDemo kCasaConsistorial{"Pza. del Ayuntamiento, 1", "35500", "Arrecife",
+                                      "Las Palmas"};
+constexpr LugarDemo kRectorado{"C/ Padre Herrera, s/n", "38201", "San Cristóbal de La Laguna",
+                               "S/C de Tenerife"};
+constexpr LugarDemo kHospital{"Avda. Marítima del Sur, s/n", "35016", "Las Palmas de Gran Canaria",
+                              "Las Palmas"};
+
+constexpr auto kTablaCentros = std::to_array<CentroDemo>({
+    {"L01359001", "Intervención Municipal", kCasaConsistorial, "Oficina contable"},
+    {"L01359002", "Alcaldía de Puerto Azul", kCasaConsistorial, "Órgano gestor"},
+    {"L01359003", "Negociado de Compras", kCasaConsistorial, "Unidad tramitadora"},
+    {"U03800010", "Servicio de Contabilidad", kRectorado, "Oficina contable"},
+    {"U03800011", "Gerencia de la Universidad", kRectorado, "Órgano gestor"},
+    {"U03800012",
+     "Facultad de Náutica \"O'Shanahan\"",
+     {"Vía Auxiliar Paso Alto, 2", "38001", "Santa Cruz de Tenerife", "S/C de Tenerife"},
+     "Unidad tramitadora"},
+    {"A05030001", "Dirección de Gestión Económica", kHospital, "Oficina contable"},
+    {"A05030002", "Dirección Gerencia", kHospital, "Órgano gestor"},
+    {"A05030003", "Servicio de Suministros", kHospital, ""},
+    {"A05030004", "Farmacia hospitalaria", kHospital, "Órgano proponente"},
+});
+
+constexpr auto kTablaRoles = std::to_array<RolesDemo>({
+    {30, "L01359001", "L01359002", "L01359003", ""},
+    {31, "U03800010", "U03800011", "U03800012", ""},
+    {32, "A05030001", "A05030002", "A05030003", "A05030004"},
+});
+
 constexpr auto kTablaArticulos = std::to_array<ArticuloDemo>({
     {1001, "Gofio de millo tostado 1 kg", 18500, 1, 10000, false},
     {1002, "Queso majorero semicurado D.O.P.", 123456, 2, 10000, true},
@@ -209,6 +238,8 @@ const std::span<const LugarDemo> kLugares = kTablaLugares;
 const std::span<const CadenaDemo> kCadenas = kTablaCadenas;
 const std::span<const MensajeDemo> kMensajes = kTablaMensajes;
 const std::span<const ClienteDemo> kClientes = kTablaClientes;
+const std::span<const CentroDemo> kCentros = kTablaCentros;
+const std::span<const RolesDemo> kRoles = kTablaRoles;
 const std::span<const ArticuloDemo> kArticulos = kTablaArticulos;
 const std::span<const std::string_view> kApellidos = kTablaApellidos;
 const std::span<const std::string_view> kGiros = kTablaGiros;

@@ -73,6 +73,22 @@ struct ClienteDemo {
   std::int16_t cadena3 = 0;
 };
 
+struct CentroDemo {
+  std::string_view codigo;
+  std::string_view nombre;
+  LugarDemo lugar;
+  std::string_view descripcion;
+};
+
+/// Codes of the centres that act for a customer; "" is no centre.
+struct RolesDemo {
+  std::int32_t cliente;
+  std::string_view fiscal;
+  std::string_view receptor;
+  std::string_view pagador;
+  std::string_view comprador;
+};
+
 struct ArticuloDemo {
   std::int32_t codigo;
   std::string_view descripcion;
@@ -91,6 +107,8 @@ extern const std::span<const LugarDemo> kLugares;
 extern const std::span<const CadenaDemo> kCadenas;
 extern const std::span<const MensajeDemo> kMensajes;
 extern const std::span<const ClienteDemo> kClientes;
+extern const std::span<const CentroDemo> kCentros;
+extern const std::span<const RolesDemo> kRoles;
 extern const std::span<const ArticuloDemo> kArticulos;
 extern const std::span<const std::string_view> kApellidos;
 extern const std::span<const std::string_view> kGiros;

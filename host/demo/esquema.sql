@@ -30,10 +30,39 @@ CREATE TABLE Empresas_Parametros (
 )
 GO
 
+CREATE TABLE Series (
+  Cod_Empresa smallint NOT NULL,
+  Codigo smallint NOT NULL,
+  Nombre nvarchar(60) NULL,
+  rutaCertificado nvarchar(250) NULL,
+  contraseñaCertificado nvarchar(100) NULL,
+  PRIMARY KEY (Cod_Empresa, Codigo)
+)
+GO
+
 CREATE TABLE Impuestos (
   Codigo smallint NOT NULL PRIMARY KEY,
   Nombre nvarchar(60) NOT NULL,
   Porcentaje money NOT NULL
+)
+GO
+
+-- Rates of the taxes by the dates in which they hold; Tipo is the code in Impuestos.
+CREATE TABLE Igic_Tipos (
+  Cod_Empresa smallint NOT NULL,
+  Tipo smallint NOT NULL,
+  FechaI datetime NOT NULL,
+  FechaF datetime NOT NULL,
+  Imp_Valor money NULL DEFAULT 0,
+  PRIMARY KEY (Cod_Empresa, Tipo, FechaI)
+)
+GO
+
+CREATE TABLE Articulos (
+  Cod_Empresa smallint NOT NULL,
+  Codigo int NOT NULL,
+  Descripcion nvarchar(4000) NULL,
+  PRIMARY KEY (Cod_Empresa, Codigo)
 )
 GO
 
@@ -42,6 +71,15 @@ CREATE TABLE Paises (
   Nombre nvarchar(60) NOT NULL,
   ISOCodigo nvarchar(2) NULL,
   ISO3Codigo nvarchar(3) NULL
+)
+GO
+
+-- Postal codes as numbers; a code that several towns share leads to the first of them.
+CREATE TABLE Codigos_Postales (
+  Codigo int NOT NULL PRIMARY KEY,
+  Localidad nvarchar(60) NOT NULL,
+  Provincia nvarchar(60) NOT NULL,
+  Cod_Pais smallint NOT NULL
 )
 GO
 
@@ -79,6 +117,18 @@ CREATE TABLE EDI_TipoMsg (
   Cod_EDITipoMsg smallint NOT NULL,
   Nombre nvarchar(40) NOT NULL,
   PRIMARY KEY (Cod_EDIPlat, Cod_EDITipoMsg)
+)
+GO
+
+CREATE TABLE EDI_Centros_Administrativos (
+  Codigo nvarchar(20) NOT NULL PRIMARY KEY,
+  Nombre nvarchar(100) NOT NULL,
+  Direccion nvarchar(100) NULL,
+  CodigoPostal nvarchar(10) NULL,
+  Localidad nvarchar(60) NULL,
+  Provincia nvarchar(60) NULL,
+  Cod_Pais smallint NULL,
+  Descripcion nvarchar(250) NULL
 )
 GO
 
@@ -267,6 +317,25 @@ CREATE TABLE TPV_Tickets (
   Codigo int NOT NULL,
   Total money NULL DEFAULT 0,
   PRIMARY KEY (Cod_Empresa, Cod_Almacen, Caja, Fecha, Codigo)
+)
+GO
+
+CREATE TABLE TPV_Tickets_Lineas (
+  Cod_Empresa smallint NOT NULL,
+  Cod_Almacen smallint NOT NULL,
+  Caja smallint NOT NULL,
+  Fecha datetime NOT NULL,
+  Codigo int NOT NULL,
+  Num_Linea int NOT NULL,
+  Cod_Articulo int NULL,
+  Cantidad decimal(12,4) NULL DEFAULT 0,
+  Pvp money NULL DEFAULT 0,
+  Dto decimal(7,4) NULL DEFAULT 0,
+  Importe_sinDto money NULL DEFAULT 0,
+  Importe money NULL DEFAULT 0,
+  TipoImpuesto smallint NULL DEFAULT 0,
+  PA bit NULL DEFAULT 0,
+  PRIMARY KEY (Cod_Empresa, Cod_Almacen, Caja, Fecha, Codigo, Num_Linea)
 )
 GO
 

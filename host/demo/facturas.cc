@@ -260,6 +260,49 @@ void CrearFacturas(Connection& conexion, Azar& azar, const std::vector<Cliente>&
   }
 }
 
+namespace {
+
+/// Lines of tickets: prices carry their taxes.
+class LineasTicket {
+ public:
+  LineasTicket(Connection& conexion, Azar& azar)
+      : tabla_(conexion, "TPV_Tickets_Lineas",
+               "Cod_Empresa, Cod_Almacen, Caja, Fecha, Codigo, Num_Linea, Cod_Articulo, Cantidad,"
+               " Pvp, Dto, Importe_sinDto, Importe, TipoImpuesto, PA"),
+        azar_(azar) {}
+
+  /// Gives back what the lines add up to.
+  Currency Crear(const EmpresaDemo& empresa, const ClaveTicket& clave) {
+    Currency total;
+    const std::int64_t lineas = azar_.Entre(1, 4);
+    for (std::int64_t i = 1; i <= lineas; ++i) total = total + Linea(empresa, clave, i);
+    if (clave.codigo % 3 == 0) {
+      tabla_.Insertar(clave, lineas + 1, kLineaDeTexto, 0, 0, 0, 0, 0, 0, 0);
+    }
+    return total;
+  }
+
+ private:
+  Currency Linea(const EmpresaDemo& empresa, const ClaveTicket& clave, std::int64_t numero) {
+    const ArticuloDemo& a = azar_.Elegir(kArticulos);
+    const std::int64_t unidades = azar_.Entre(1, 6);
+    const bool promocion = azar_.UnaDe(8);  // one unit is free
+    const std::int64_t dto = !promocion && azar_.UnaDe(3) ? azar_.Entre(1, 20) : 0;
+    const std::int64_t pvp = Dividir(a.precio, 100) * 100;
+    const std::int64_t sinDto = pvp * unidades;
+    const std::int64_t rebaja = promocion ? pvp : Dividir(sinDto * dto, 10000) * 100;
+    tabla_.Insertar(clave, numero, a.codigo, unidades, Currency::FromUnits(pvp), dto,
+                    Currency::FromUnits(sinDto), Currency::FromUnits(sinDto - rebaja),
+                    empresa.aplicaIgic ? a.impuesto : std::int16_t{0}, promocion);
+    return Currency::FromUnits(sinDto - rebaja);
+  }
+
+  Tabla tabla_;
+  Azar& azar_;
+};
+
+}  // namespace
+
 void CrearTickets(Connection& conexion, Azar& azar, const std::vector<Cliente>& clientes,
                   std::int32_t n, const Avance& avance) {
   constexpr std::int16_t kPrimeraSerie = 50;
@@ -268,6 +311,7 @@ void CrearTickets(Connection& conexion, Azar& azar, const std::vector<Cliente>& 
                  "Cod_Empresa, Cod_Almacen, Caja, Fecha, Codigo, Cliente, Factura_Serie,"
                  " Factura_Codigo, Factura_Almacen, Factura_TipoDoc, Factura_Fecha, Hora,"
                  " ExcluirEDI");
+  LineasTicket lineas(conexion, azar);
   Envios envios(conexion, azar);
   Reparto reparto(clientes, azar);
   for (std::int32_t vez = 0; vez < n; ++vez) {
@@ -279,7 +323,7 @@ void CrearTickets(Connection& conexion, Azar& azar, const std::vector<Cliente>& 
                             static_cast<std::int16_t>(azar.Entre(1, 2)),
                             facturada.PlusSeconds(-azar.Entre(0, 3) * kSegundosDia), vez + 1};
     const FechaHora hora = HoraComercial(facturada, azar);
-    tickets.Insertar(clave, Currency::FromUnits(azar.Entre(95, 25000) * 100));
+    tickets.Insertar(clave, lineas.Crear(empresa, clave));
     std::optional<bool> excluida;
     if (vez % 2 == 0) excluida = vez % 12 == 6;
     facturas.Insertar(clave, cliente.codigo, kPrimeraSerie + clave.almacen, vez + 1, clave.almacen,

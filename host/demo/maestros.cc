@@ -3,13 +3,16 @@
 #include <algorithm>
 #include <optional>
 
+#include "host/demo/codigos_postales.h"
 #include "host/demo/tabla.h"
 
 namespace kvraedi::demo {
 namespace {
 
-constexpr std::int16_t kFicheroClientes = 1;  // both companies use the first one's customers
+constexpr std::int16_t kFicheroClientes = 1;   // both companies use the first one's customers
+constexpr std::int16_t kFicheroArticulos = 1;  // and its articles
 constexpr std::int32_t kPrimerGenerado = 1001;
+constexpr std::int16_t kEspana = 1;  // in Paises
 
 void CrearEmpresas(Connection& conexion) {
   Tabla empresas(conexion, "Empresas",
@@ -22,7 +25,8 @@ void CrearEmpresas(Connection& conexion) {
     const LugarDemo& sede = kLugares[static_cast<std::size_t>(e.codigo)];
     empresas.Insertar(e.codigo, e.nombre1, e.nombre2, sede.direccion, sede.cp, sede.localidad,
                       sede.provincia, "ESPAÑA", "928 00 11 22", "928 00 11 23", e.nif,
-                      "facturas@kestrova.example", 1, kFicheroClientes, 1, e.aplicaIgic);
+                      "facturas@kestrova.example", kFicheroArticulos, kFicheroClientes, 1,
+                      e.aplicaIgic);
     for (std::int16_t a = 1; a <= e.almacenes; ++a) {
       const LugarDemo& lugar = kLugares[static_cast<std::size_t>(e.codigo + a)];
       almacenes.Insertar(e.codigo, a, "Almacén de " + std::string(lugar.localidad), lugar.direccion,
@@ -35,9 +39,26 @@ void CrearEmpresas(Connection& conexion) {
 void CrearTablasDeApoyo(Connection& conexion) {
   Tabla parametros(conexion, "Empresas_Parametros", "Cod_Empresa, Nombre, Valor");
   for (const ParametroDemo& p : kParametros) parametros.Insertar(p.empresa, p.nombre, p.valor);
+  Tabla series(conexion, "Series",
+               "Cod_Empresa, Codigo, Nombre, rutaCertificado, contraseñaCertificado");
+  for (int serie = 1; serie <= 3; ++serie) {
+    series.Insertar(1, serie, "Serie " + std::to_string(serie), nullptr, nullptr);
+  }
+  series.Insertar(1, 4, "Serie 4, con certificado propio", "certificado_serie_4.pfx", "demo");
   Tabla impuestos(conexion, "Impuestos", "Codigo, Nombre, Porcentaje");
   for (const ImpuestoDemo& i : kImpuestos) {
     impuestos.Insertar(i.codigo, i.nombre, Currency::FromUnits(i.porcentaje));
+  }
+  Tabla tasas(conexion, "Igic_Tipos", "Cod_Empresa, Tipo, FechaI, FechaF, Imp_Valor");
+  for (const EmpresaDemo& e : kEmpresas) {
+    for (const ImpuestoDemo& i : kImpuestos) {
+      tasas.Insertar(e.codigo, i.codigo, FechaHora{2020, 1, 1}, FechaHora{2099, 12, 31},
+                     Currency::FromUnits(i.porcentaje));
+    }
+  }
+  Tabla articulos(conexion, "Articulos", "Cod_Empresa, Codigo, Descripcion");
+  for (const ArticuloDemo& a : kArticulos) {
+    articulos.Insertar(kFicheroArticulos, a.codigo, a.descripcion);
   }
   Tabla paises(conexion, "Paises", "Cod_Pais, Nombre, ISOCodigo, ISO3Codigo");
   for (const PaisDemo& p : kPaises) paises.Insertar(p.codigo, p.nombre, p.iso, p.iso3);
@@ -54,6 +75,43 @@ void CrearTablasDeApoyo(Connection& conexion) {
       mensajes.Insertar(m.plataforma, m.mensaje, m.nombre);
     }
   }
+}
+
+void CrearCodigosPostales(Connection& conexion) {
+  Tabla codigos(conexion, "Codigos_Postales", "Codigo, Localidad, Provincia, Cod_Pais");
+  RecorrerCodigosPostales(
+      [&](std::int32_t codigo, std::string_view localidad, std::string_view provincia) {
+        codigos.Insertar(codigo, localidad, provincia, kEspana);
+      });
+}
+
+void CrearCentros(Connection& conexion) {
+  Tabla centros(conexion, "EDI_Centros_Administrativos",
+                "Codigo, Nombre, Direccion, CodigoPostal, Localidad, Provincia, Cod_Pais,"
+                " Descripcion");
+  for (const CentroDemo& c : kCentros) {
+    centros.Insertar(c.codigo, c.nombre, c.lugar.direccion, c.lugar.cp, c.lugar.localidad,
+                     c.lugar.provincia, kEspana, c.descripcion);
+  }
+}
+
+void AsignarRoles(Connection& conexion) {
+  const auto centro = [](std::string_view codigo) {
+    return codigo.empty() ? "NULL" : "'" + std::string(codigo) + "'";
+  };
+  for (const RolesDemo& r : kRoles) {
+    conexion.Execute("UPDATE Clientes SET EDI_Rol_Fiscal = " + centro(r.fiscal) +
+                     ", EDI_Rol_Receptor = " + centro(r.receptor) + ", EDI_Rol_Pagador = " +
+                     centro(r.pagador) + ", EDI_Rol_Comprador = " + centro(r.comprador) +
+                     " WHERE Cod_Empresa = " + std::to_string(kFicheroClientes) +
+                     " AND Codigo = " + std::to_string(r.cliente));
+  }
+  // The other customers of Facturae share the offices of the first.
+  const RolesDemo& comunes = kRoles.front();
+  conexion.Execute("UPDATE Clientes SET EDI_Rol_Fiscal = " + centro(comunes.fiscal) +
+                   ", EDI_Rol_Receptor = " + centro(comunes.receptor) +
+                   ", EDI_Rol_Pagador = " + centro(comunes.pagador) +
+                   " WHERE Cod_EDIPlat_Fra = 3 AND EDI_Rol_Fiscal IS NULL");
 }
 
 class TablaClientes {
@@ -116,6 +174,8 @@ std::string Gln(std::int64_t numero) {
 std::vector<Cliente> CrearMaestros(Connection& conexion, Azar& azar, std::int32_t generados) {
   CrearEmpresas(conexion);
   CrearTablasDeApoyo(conexion);
+  CrearCodigosPostales(conexion);
+  CrearCentros(conexion);
   TablaClientes tabla(conexion, azar);
   std::vector<Cliente> clientes;
   for (const ClienteDemo& c : kClientes) clientes.push_back(tabla.Crear(kFicheroClientes, c));
@@ -132,6 +192,7 @@ std::vector<Cliente> CrearMaestros(Connection& conexion, Azar& azar, std::int32_
   conexion.Execute(
       "UPDATE Clientes SET Cad_Nivel_4 = 1, Cad_Nivel_5 = 1, Cad_Nivel_6 = 1, Cad_Nivel_7 = 7,"
       " Cad_Nivel_8 = 1, Cad_Nivel_9 = 1, Cad_Nivel_10 = 3 WHERE Codigo = 4");
+  AsignarRoles(conexion);
   // Another customer file with the same codes: none of its customers belongs to these companies.
   tabla.Crear(kFicheroClientes + 1, {1, "Cliente de otro fichero", "B00000001"});
   tabla.Crear(kFicheroClientes + 1, {70, "Otro cliente de otro fichero", "B00000070"});

@@ -10,9 +10,11 @@ constexpr int kAncho = 6000;  // twips
 frmPrincipal::frmPrincipal(std::shared_ptr<Connection> connection, std::shared_ptr<Empresa> company,
                            const std::string& company_name)
     : Form("frmPrincipal", "Kestrova EDI"), lblEmpresa(*this, "lblEmpresa", company_name) {
+  // The session is one record: what one class sets, all of them use.
   facturacionEmision_.EmpresaKestrova(std::move(company));
   facturacionEmision_.ConexionKestrova(std::move(connection));
   cmdFacturasEmitidas.onClick = [this] { facturacionEmision_.Show(0, this); };
+  cmdCentrosAdministrativos.onClick = [this] { centrosAdministrativos_.Show(0, this); };
   cmdSalir.onClick = [this] { Unload(); };
   SetWidth(kAncho);
   SetLayout(ui::Column({
@@ -20,6 +22,7 @@ frmPrincipal::frmPrincipal(std::shared_ptr<Connection> connection, std::shared_p
       lblIndicacion,
       ui::Space(),
       cmdFacturasEmitidas,
+      cmdCentrosAdministrativos,
       ui::Space(),
       ui::Row({ui::Space(), cmdSalir}),
   }));

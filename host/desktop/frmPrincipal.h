@@ -3,6 +3,7 @@
 #include <string>
 
 #include "kvraedi/clsFacturacionEmision.h"
+#include "kvraedi/frmclsCentrosAdministrativos.h"
 #include "kvraedi/ui/form.h"
 
 namespace kvraedi::desktop {
@@ -15,10 +16,13 @@ class frmPrincipal : public ui::Form {
 
  private:
   clsFacturacionEmision facturacionEmision_;
+  frmclsCentrosAdministrativos centrosAdministrativos_;
 
   ui::Label lblEmpresa;
   ui::Label lblIndicacion{*this, "lblIndicacion", "Intercambio electrónico de documentos"};
   ui::Button cmdFacturasEmitidas{*this, "cmdFacturasEmitidas", "&Facturas emitidas"};
+  ui::Button cmdCentrosAdministrativos{*this, "cmdCentrosAdministrativos",
+                                       "&Centros administrativos"};
   ui::Button cmdSalir{*this, "cmdSalir", "&Salir"};
 };
 

@@ -13,13 +13,19 @@ namespace {
 constexpr char kMainWindow[] = R"(
 QLabel#lblEmpresa { font-size: 15pt; font-weight: 600; color: #1f5fa8; }
 QLabel#lblIndicacion { color: #5b6773; }
-QPushButton#cmdFacturasEmitidas {
+QPushButton#cmdFacturasEmitidas, QPushButton#cmdCentrosAdministrativos {
   background: #1f5fa8; color: white; font-size: 11pt; border: 2px solid #1f5fa8;
-  border-radius: 4px; padding: 9px; margin: 12px 0px;
+  border-radius: 4px; padding: 9px; margin: 6px 0px;
 }
-QPushButton#cmdFacturasEmitidas:hover { background: #2a70bd; }
-QPushButton#cmdFacturasEmitidas:focus { border-color: #8db8e6; }
-QPushButton#cmdFacturasEmitidas:pressed { background: #174a84; }
+QPushButton#cmdFacturasEmitidas:hover, QPushButton#cmdCentrosAdministrativos:hover {
+  background: #2a70bd;
+}
+QPushButton#cmdFacturasEmitidas:focus, QPushButton#cmdCentrosAdministrativos:focus {
+  border-color: #8db8e6;
+}
+QPushButton#cmdFacturasEmitidas:pressed, QPushButton#cmdCentrosAdministrativos:pressed {
+  background: #174a84;
+}
 )";
 
 QPalette Colours() {

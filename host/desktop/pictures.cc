@@ -3,6 +3,8 @@
 #include <QApplication>
 #include <QMessageBox>
 #include <QTimer>
+#include <exception>
+#include <functional>
 
 #include "kvraedi/error.h"
 
@@ -48,6 +50,79 @@ class MessageTaker {
   QTimer timer_;
 };
 
+/// Uses the modal screen of that name once it comes up, then closes it by its close box.
+class ModalUser {
+ public:
+  ModalUser(QtToolkit& toolkit, std::string form, std::function<void(ui::Form&)> steps)
+      : toolkit_(toolkit), form_(std::move(form)), steps_(std::move(steps)) {
+    constexpr int kOften = 20;  // milliseconds
+    QObject::connect(&timer_, &QTimer::timeout, &timer_, [this] { Use(); });
+    timer_.start(kOften);
+  }
+  /// Raises when the screen did not come up or its steps failed.
+  void Check() const {
+    if (error_) std::rethrow_exception(error_);
+    if (timer_.isActive()) {
+      throw Error(kErrorItemNotFound, "desktop", "No se ha abierto la pantalla " + form_);
+    }
+  }
+
+ private:
+  void Use() {
+    const QWidget* window = QApplication::activeModalWidget();
+    ui::Form* form = toolkit_.OpenForm(form_);
+    if (form == nullptr || window == nullptr || window->objectName().toStdString() != form_) return;
+    timer_.stop();
+    try {
+      steps_(*form);
+    } catch (...) {
+      error_ = std::current_exception();
+    }
+    form->Unload();
+  }
+
+  QtToolkit& toolkit_;
+  std::string form_;
+  std::function<void(ui::Form&)> steps_;
+  std::exception_ptr error_;
+  QTimer timer_;
+};
+
+/// The attachments of the first invoice that has some.
+void TakeAttachments(QtToolkit& toolkit, ui::Form& list, const Pictures& pictures) {
+  constexpr int kAttachments = 13;  // the column that marks them
+  auto& invoices = Find<ui::Grid>(list, "vsDocs");
+  int row = 1;
+  while (row < invoices.Rows() && invoices.Cell(row, kAttachments) != "X") ++row;
+  invoices.MoveTo(row < invoices.Rows() ? row : 1);
+  ModalUser user(toolkit, "frmAnexosFactura", [&](ui::Form& form) {
+    Find<ui::Grid>(form, "vsDocs").SetRow(1);
+    Find<ui::TextBox>(form, "txtRuta").Type("/home/ana/Documentos/contrato.pdf");
+    Find<ui::TextBox>(form, "txtDescripcion").Type("Contrato de suministro");
+    toolkit.SavePicture(form, pictures.folder / "anexos.png");
+  });
+  Find<ui::Button>(list, "cmdAnexar").Press();
+  user.Check();
+}
+
+/// The administrative centres, and the first of them in its edit dialog.
+void TakeCentres(QtToolkit& toolkit, frmPrincipal& main, const Pictures& pictures) {
+  MessageTaker unexpected(pictures.folder / "error.png");
+  Find<ui::Button>(main, "cmdCentrosAdministrativos").Press();
+  ui::Form* list = toolkit.OpenForm("frmCentrosAdm");
+  if (list == nullptr) throw Error(kErrorItemNotFound, "desktop", "No se ha abierto la pantalla");
+  auto& centres = Find<ui::Grid>(*list, "vsCentros");
+  if (centres.Rows() > 1) centres.Click(1, 0);
+  toolkit.SavePicture(*list, pictures.folder / "centros.png");
+  ModalUser user(toolkit, "frmCentrosAdm_Datos", [&](ui::Form& dialog) {
+    toolkit.SavePicture(dialog, pictures.folder / "centros_datos.png");
+  });
+  Find<ui::Button>(*list, centres.Rows() > 1 ? "cmdModificar" : "cmdAgregar").Press();
+  user.Check();
+  list->Unload();
+  if (!unexpected.Text().empty()) throw Error(kErrorFile, "desktop", unexpected.Text());
+}
+
 void TakeInvoiceList(QtToolkit& toolkit, ui::Form& list, const Pictures& pictures) {
   auto& first = Find<ui::DateBox>(list, "txtFechaI");
   auto& last = Find<ui::DateBox>(list, "txtFechaF");
@@ -62,6 +137,7 @@ void TakeInvoiceList(QtToolkit& toolkit, ui::Form& list, const Pictures& picture
   toolkit.SavePicture(list, pictures.folder / "facturas_emitidas.png");
   Find<ui::CheckBox>(list, "chkSelelecion_vsDocs").Toggle();
   toolkit.SavePicture(list, pictures.folder / "facturas_emitidas_seleccion.png");
+  TakeAttachments(toolkit, list, pictures);
   if (!unexpected.Text().empty()) throw Error(kErrorFile, "desktop", unexpected.Text());
 }
 
@@ -74,6 +150,7 @@ void TakePictures(QtToolkit& toolkit, frmPrincipal& main, const Pictures& pictur
   if (list == nullptr) throw Error(kErrorItemNotFound, "desktop", "No se ha abierto la pantalla");
   TakeInvoiceList(toolkit, *list, pictures);
   list->Unload();
+  TakeCentres(toolkit, main, pictures);
 }
 
 }  // namespace kvraedi::desktop

@@ -3,8 +3,11 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
+#include <type_traits>
+#include <utility>
 #include <vector>
 
 #include "kvraedi/error.h"
@@ -85,6 +88,11 @@ class KVRAEDI_API Connection {
   virtual std::unique_ptr<Recordset> Open(std::string_view sql) = 0;
   /// Runs a statement without rows; gives back the number of rows matched.
   virtual std::int64_t Execute(std::string_view sql) = 0;
+  /// Opens `sql`, a SELECT of one table with `field` among its columns, for update (keyset cursor,
+  /// optimistic locking) and puts the bytes into that binary field of its first row. Raises when
+  /// there is no row or no such field.
+  virtual void UpdateBlob(std::string_view sql, std::string_view field,
+                          std::span<const std::byte> bytes) = 0;
 
   virtual void BeginTrans() = 0;
   virtual void CommitTrans() = 0;
@@ -98,6 +106,10 @@ class KVRAEDI_API ConnectionWrapper : public Connection {
 
   std::unique_ptr<Recordset> Open(std::string_view sql) override { return target_->Open(sql); }
   std::int64_t Execute(std::string_view sql) override { return target_->Execute(sql); }
+  void UpdateBlob(std::string_view sql, std::string_view field,
+                  std::span<const std::byte> bytes) override {
+    target_->UpdateBlob(sql, field, bytes);
+  }
   void BeginTrans() override { target_->BeginTrans(); }
   void CommitTrans() override { target_->CommitTrans(); }
   void RollbackTrans() override { target_->RollbackTrans(); }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -42,9 +43,13 @@ class KVRAEDI_API Entorno {
   virtual std::string NewMessageId() = 0;
   virtual std::string TerminalName() = 0;
   virtual RegionalSettings Region() = 0;
+  /// The folder where the component stands.
+  virtual std::filesystem::path ComponentFolder() = 0;
   /// The folder that stands for the root of the system drive ("C:\\"), where files of a fixed place
   /// go.
   virtual std::filesystem::path DriveRoot() = 0;
+  /// The user's profile folder ("userprofile"), below which the work folders stand.
+  virtual std::filesystem::path ProfileFolder() = 0;
 
   virtual bool FolderExists(const std::filesystem::path& folder) = 0;
   virtual bool FileExists(const std::filesystem::path& file) = 0;
@@ -52,6 +57,12 @@ class KVRAEDI_API Entorno {
   virtual void MakeFolder(const std::filesystem::path& folder) = 0;
   /// A new empty file, or an existing one emptied.
   virtual std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) = 0;
+  /// A new file that only its owner may read or write; raises when something stands there already.
+  virtual std::unique_ptr<FileWriter> CreatePrivate(const std::filesystem::path& file) = 0;
+  /// All bytes of the file.
+  virtual std::string ReadFile(const std::filesystem::path& file) = 0;
+  /// A new empty file; null when the name is in use. No two programs get the same one.
+  virtual std::unique_ptr<FileWriter> CreateNew(const std::filesystem::path& file) = 0;
   /// The file with what it holds kept, written at its end; made when it is not there.
   virtual std::unique_ptr<FileWriter> Append(const std::filesystem::path& file) = 0;
   /// Copies the bytes over `to`, made or replaced; they are on the disk when it returns.
@@ -59,6 +70,17 @@ class KVRAEDI_API Entorno {
   /// Moves within one folder, replacing what is there, in one step.
   virtual void Rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
   virtual void Delete(const std::filesystem::path& file) = 0;
+  /// Opens an existing file with the program that the system has for its type, and does not wait
+  /// for it.
+  virtual void OpenWithDefaultProgram(const std::filesystem::path& file) = 0;
+
+  /// Starts a program, without arguments, and gives back its process identifier. The path goes
+  /// without the ending that the system gives to programs. The program sees the same profile
+  /// folder.
+  virtual std::int64_t Start(const std::filesystem::path& program) = 0;
+  /// Waits without limit until a started program ends; returns at once when there is no such
+  /// process.
+  virtual void Wait(std::int64_t process) = 0;
 };
 
 /// Passes every call on: the base of environments that fix the clock or fail on purpose.
@@ -72,7 +94,9 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
   std::string NewMessageId() override { return target_.NewMessageId(); }
   std::string TerminalName() override { return target_.TerminalName(); }
   RegionalSettings Region() override { return target_.Region(); }
+  std::filesystem::path ComponentFolder() override { return target_.ComponentFolder(); }
   std::filesystem::path DriveRoot() override { return target_.DriveRoot(); }
+  std::filesystem::path ProfileFolder() override { return target_.ProfileFolder(); }
   bool FolderExists(const std::filesystem::path& folder) override {
     return target_.FolderExists(folder);
   }
@@ -80,6 +104,15 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
   void MakeFolder(const std::filesystem::path& folder) override { target_.MakeFolder(folder); }
   std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) override {
     return target_.Create(file);
+  }
+  std::unique_ptr<FileWriter> CreatePrivate(const std::filesystem::path& file) override {
+    return target_.CreatePrivate(file);
+  }
+  std::string ReadFile(const std::filesystem::path& file) override {
+    return target_.ReadFile(file);
+  }
+  std::unique_ptr<FileWriter> CreateNew(const std::filesystem::path& file) override {
+    return target_.CreateNew(file);
   }
   std::unique_ptr<FileWriter> Append(const std::filesystem::path& file) override {
     return target_.Append(file);
@@ -91,6 +124,13 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
     target_.Rename(from, to);
   }
   void Delete(const std::filesystem::path& file) override { target_.Delete(file); }
+  void OpenWithDefaultProgram(const std::filesystem::path& file) override {
+    target_.OpenWithDefaultProgram(file);
+  }
+  std::int64_t Start(const std::filesystem::path& program) override {
+    return target_.Start(program);
+  }
+  void Wait(std::int64_t process) override { target_.Wait(process); }
 
  private:
   Entorno& target_;

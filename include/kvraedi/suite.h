@@ -1,13 +1,61 @@
 #pragma once
 
+#include <cstdint>
+#include <filesystem>
 #include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
 
 #include "kvraedi/conexion.h"
 #include "kvraedi/empresa.h"
+#include "kvraedi/entorno.h"
 #include "kvraedi/export.h"
 #include "kvraedi/ui/controls.h"
 
 namespace kvraedi {
+
+/// Where a postal code leads to.
+struct LugarPostal {
+  std::string localidad;
+  std::string provincia;
+  std::string pais;  ///< the country's name; may be empty
+};
+
+/// An element of an XML document: a small handle, valid until its document is started afresh,
+/// loaded or destroyed.
+struct NodoXml {
+  std::uintptr_t id = 0;
+};
+
+/// Who may read a file that is saved.
+enum class AccesoFichero : std::uint8_t { kNormal, kSoloPropietario };
+
+/// The suite's XML document builder: one document at a time. Texts are UTF-8; what is not a
+/// character of XML is dropped from them. One thread.
+class KVRAEDI_API DocumentoXml {
+ public:
+  virtual ~DocumentoXml();
+
+  /// Empties the document.
+  virtual void Nuevo() = 0;
+  virtual NodoXml CrearRaiz(std::string_view nombre) = 0;
+  /// Sets an attribute of the root; attributes keep the order in which they were first set.
+  virtual void AtributoRaiz(std::string_view nombre, std::string_view valor) = 0;
+  /// Adds an element behind the parent's last child; without text it is a container.
+  virtual NodoXml Elemento(NodoXml padre, std::string_view nombre, std::string_view texto = {}) = 0;
+  /// The same, where no handle is wanted.
+  virtual void ElementoTexto(NodoXml padre, std::string_view nombre, std::string_view texto) = 0;
+  /// Saves the document in UTF-8 with its declaration, one element a line. kNormal replaces what is
+  /// there, kSoloPropietario raises. On failure the file may be there, incomplete.
+  virtual void Guardar(const std::filesystem::path& fichero,
+                       AccesoFichero acceso = AccesoFichero::kNormal) = 0;
+  /// Reads a document; raises `Error` when the file cannot be read or holds no XML. The document
+  /// is then empty.
+  virtual void Cargar(const std::filesystem::path& fichero) = 0;
+  /// Text of the first element of that name, "" when there is none.
+  virtual std::string LeerTexto(std::string_view nombre) const = 0;
+};
 
 /// The suite's own components, as far as this one calls them.
 class KVRAEDI_API Suite {
@@ -21,6 +69,12 @@ class KVRAEDI_API Suite {
   /// Look-up of the chain picker: up to ten codes, one for each chain level; 0 is no choice.
   virtual std::unique_ptr<ui::PickerSource> Cadenas(std::shared_ptr<Connection> conexion,
                                                     std::shared_ptr<Empresa> empresa) = 0;
+  /// Look-up of postal codes: the place of a code, given as a number, or nothing when the suite
+  /// does not know it. The connection is used during the call only. Raises `Error`.
+  virtual std::optional<LugarPostal> BuscarCodigoPostal(Connection& conexion,
+                                                        std::int32_t codigo) = 0;
+  /// A new, empty XML document builder; `entorno`, which must outlive it, saves and loads.
+  virtual std::unique_ptr<DocumentoXml> NuevoDocumentoXml(Entorno& entorno) = 0;
 };
 
 }  // namespace kvraedi

@@ -24,6 +24,14 @@ ui::Answer HeadlessToolkit::Show(const ui::MessageBox& box) {
   return answer;
 }
 
+std::optional<std::filesystem::path> HeadlessToolkit::ChooseFile(const ui::FileDialog& dialog) {
+  fileDialogs_.push_back(dialog);
+  if (files_.empty()) return std::nullopt;
+  std::filesystem::path file = std::move(files_.front());
+  files_.pop_front();
+  return file;
+}
+
 void HeadlessToolkit::Open(ui::Form& form, ui::ShowMode mode, ui::Form* /*owner*/) {
   form.AttachView(&windows_[&form]);
   if (mode != ui::ShowMode::kModal) return;

@@ -26,6 +26,11 @@ class HeadlessToolkit : public ui::Toolkit {
   /// Queues the answer to the next question; without one the preset button is pressed.
   void QueueAnswer(ui::Answer answer) { answers_.push_back(answer); }
 
+  /// Queues the file for the next dialog that asks for one; without one the user gives up.
+  void QueueFile(std::filesystem::path file) { files_.push_back(std::move(file)); }
+
+  /// The dialogs shown so far.
+  const std::vector<ui::FileDialog>& FileDialogs() const { return fileDialogs_; }
   const std::vector<ui::MessageBox>& Messages() const { return messages_; }
   /// Called with every box when it is shown.
   std::function<void(const ui::MessageBox&)> onMessage;
@@ -34,6 +39,7 @@ class HeadlessToolkit : public ui::Toolkit {
   ui::Pointer CurrentPointer() const { return pointer_; }
 
   ui::Answer Show(const ui::MessageBox& box) override;
+  std::optional<std::filesystem::path> ChooseFile(const ui::FileDialog& dialog) override;
   void Open(ui::Form& form, ui::ShowMode mode, ui::Form* owner) override;
   void Hide(ui::Form& form) override;
   void Close(ui::Form& form) override;
@@ -49,6 +55,8 @@ class HeadlessToolkit : public ui::Toolkit {
 
   std::map<std::string, std::deque<Steps>> steps_;
   std::deque<ui::Answer> answers_;
+  std::deque<std::filesystem::path> files_;
+  std::vector<ui::FileDialog> fileDialogs_;
   std::vector<ui::MessageBox> messages_;
   std::map<ui::Form*, Window> windows_;
   ui::Pointer pointer_ = ui::Pointer::kDefault;

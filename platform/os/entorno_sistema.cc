@@ -7,11 +7,14 @@
 #include <cerrno>
 #include <cstdlib>
 #include <ctime>
+#include <system_error>
 #include <utility>
 
 #include "kvraedi/error.h"
 #include "platform/os/error_sistema.h"
 #include "platform/os/ficheros.h"
+#include "platform/os/procesos.h"
+#include "platform/os/visor.h"
 
 namespace kvraedi {
 namespace {
@@ -66,12 +69,24 @@ std::string EntornoSistema::TerminalName() {
 RegionalSettings EntornoSistema::Region() { return opciones_.region; }
 
 std::filesystem::path EntornoSistema::DriveRoot() {
-  if (opciones_.unidad) return *opciones_.unidad;
-  const char* const perfil = std::getenv("HOME");
-  if (perfil == nullptr || *perfil == '\0') {
-    throw Error(kErrorFile, "kvraedi", "El usuario no tiene carpeta de perfil");
+  return opciones_.unidad ? *opciones_.unidad : ProfileFolder();
+}
+
+std::filesystem::path EntornoSistema::ProfileFolder() {
+  if (opciones_.perfil) return *opciones_.perfil;
+  for (const char* const variable : {"userprofile", "HOME"}) {
+    const char* const perfil = std::getenv(variable);
+    if (perfil != nullptr && *perfil != '\0') return perfil;
   }
-  return perfil;
+  throw Error(kErrorFile, "kvraedi", "El usuario no tiene carpeta de perfil");
+}
+
+std::filesystem::path EntornoSistema::ComponentFolder() {
+  if (opciones_.componente) return *opciones_.componente;
+  std::error_code fallo;
+  const auto programa = std::filesystem::read_symlink("/proc/self/exe", fallo);
+  if (fallo) os::FalloSistema("No se puede leer", "carpeta del programa", fallo.value());
+  return programa.parent_path();
 }
 
 bool EntornoSistema::FolderExists(const std::filesystem::path& folder) {
@@ -88,6 +103,18 @@ std::unique_ptr<FileWriter> EntornoSistema::Create(const std::filesystem::path& 
   return os::CrearFichero(file);
 }
 
+std::unique_ptr<FileWriter> EntornoSistema::CreatePrivate(const std::filesystem::path& file) {
+  return os::CrearFicheroPrivado(file);
+}
+
+std::string EntornoSistema::ReadFile(const std::filesystem::path& file) {
+  return os::LeerFichero(file);
+}
+
+std::unique_ptr<FileWriter> EntornoSistema::CreateNew(const std::filesystem::path& file) {
+  return os::CrearSiNoExiste(file);
+}
+
 std::unique_ptr<FileWriter> EntornoSistema::Append(const std::filesystem::path& file) {
   return os::AbrirAlFinal(file);
 }
@@ -101,5 +128,15 @@ void EntornoSistema::Rename(const std::filesystem::path& from, const std::filesy
 }
 
 void EntornoSistema::Delete(const std::filesystem::path& file) { os::BorrarFichero(file); }
+
+void EntornoSistema::OpenWithDefaultProgram(const std::filesystem::path& file) {
+  os::AbrirConSuPrograma(file);
+}
+
+std::int64_t EntornoSistema::Start(const std::filesystem::path& program) {
+  return os::IniciarPrograma(program, ProfileFolder());
+}
+
+void EntornoSistema::Wait(std::int64_t process) { os::EsperarPrograma(process); }
 
 }  // namespace kvraedi

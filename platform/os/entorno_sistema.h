@@ -13,10 +13,12 @@ namespace kvraedi {
 
 /// What of the machine is replaced, so that a run can be repeated exactly.
 struct OpcionesEntorno {
-  std::optional<FechaHora> ahora;               ///< stops the clock here
-  std::optional<std::uint64_t> semillaId;       ///< makes message identifiers repeatable
-  std::optional<std::string> terminal;          ///< instead of the machine's name
-  std::optional<std::filesystem::path> unidad;  ///< instead of the user's profile folder
+  std::optional<FechaHora> ahora;                   ///< stops the clock here
+  std::optional<std::uint64_t> semillaId;           ///< makes message identifiers repeatable
+  std::optional<std::string> terminal;              ///< instead of the machine's name
+  std::optional<std::filesystem::path> unidad;      ///< instead of the user's profile folder
+  std::optional<std::filesystem::path> componente;  ///< instead of the program's folder
+  std::optional<std::filesystem::path> perfil;      ///< instead of the user's profile folder
   RegionalSettings region;
 };
 
@@ -30,16 +32,25 @@ class EntornoSistema : public Entorno {
   std::string NewMessageId() override;
   std::string TerminalName() override;
   RegionalSettings Region() override;
+  std::filesystem::path ComponentFolder() override;
   std::filesystem::path DriveRoot() override;
+  std::filesystem::path ProfileFolder() override;
 
   bool FolderExists(const std::filesystem::path& folder) override;
   bool FileExists(const std::filesystem::path& file) override;
   void MakeFolder(const std::filesystem::path& folder) override;
   std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) override;
+  std::unique_ptr<FileWriter> CreatePrivate(const std::filesystem::path& file) override;
+  std::string ReadFile(const std::filesystem::path& file) override;
+  std::unique_ptr<FileWriter> CreateNew(const std::filesystem::path& file) override;
   std::unique_ptr<FileWriter> Append(const std::filesystem::path& file) override;
   void Copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
   void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
   void Delete(const std::filesystem::path& file) override;
+  /// By means of xdg-open.
+  void OpenWithDefaultProgram(const std::filesystem::path& file) override;
+  std::int64_t Start(const std::filesystem::path& program) override;
+  void Wait(std::int64_t process) override;
 
  private:
   OpcionesEntorno opciones_;

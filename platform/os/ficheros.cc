@@ -21,13 +21,14 @@ namespace fs = std::filesystem;
 
 constexpr std::size_t kBloque = std::size_t{64} * 1024;
 constexpr mode_t kModoFichero = 0666;
+constexpr mode_t kModoPrivado = 0600;
 constexpr mode_t kModoCarpeta = 0777;
 
 /// An open file: every failure names its path.
 class Descriptor {
  public:
-  Descriptor(fs::path ruta, int opciones, std::string_view operacion)
-      : ruta_(std::move(ruta)), fd_(::open(ruta_.c_str(), opciones | O_CLOEXEC, kModoFichero)) {
+  Descriptor(fs::path ruta, int opciones, std::string_view operacion, mode_t modo = kModoFichero)
+      : ruta_(std::move(ruta)), fd_(::open(ruta_.c_str(), opciones | O_CLOEXEC, modo)) {
     if (fd_ < 0) FalloSistema(operacion, ruta_, errno);
   }
   ~Descriptor() {
@@ -81,9 +82,9 @@ class Descriptor {
 
 class EscritorPosix : public FileWriter {
  public:
-  /// `modo` says what becomes of bytes that are there: O_TRUNC or O_APPEND.
-  EscritorPosix(const fs::path& ruta, int modo)
-      : fichero_(ruta, O_WRONLY | O_CREAT | modo, "No se puede crear el fichero") {}
+  /// `modo` says what becomes of what is there: O_TRUNC, O_APPEND or O_EXCL.
+  explicit EscritorPosix(const fs::path& ruta, int modo, mode_t permisos = kModoFichero)
+      : fichero_(ruta, O_WRONLY | O_CREAT | modo, "No se puede crear el fichero", permisos) {}
 
   void Write(std::string_view bytes) override { fichero_.Escribir(bytes); }
   void Close() override { fichero_.Cerrar(); }
@@ -116,10 +117,14 @@ mode_t ModoDe(const fs::path& ruta) {
   return 0;
 }
 
+/// Brings a new name to the disk where the system lets a folder be synchronised. The file has its
+/// name already, so that a refusal is no failure of what was asked for.
 void SincronizarCarpetaDe(const fs::path& ruta) {
   const fs::path carpeta = ruta.has_parent_path() ? ruta.parent_path() : fs::path(".");
-  Descriptor abierta(carpeta, O_RDONLY | O_DIRECTORY, "No se puede abrir la carpeta");
-  abierta.Sincronizar();
+  const int fd = ::open(carpeta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return;
+  ::fsync(fd);
+  ::close(fd);
 }
 
 bool MismoFichero(const struct stat& uno, const fs::path& ruta) {
@@ -145,6 +150,33 @@ void CrearCarpeta(const fs::path& ruta) {
 
 std::unique_ptr<FileWriter> CrearFichero(const fs::path& ruta) {
   return std::make_unique<EscritorPosix>(ruta, O_TRUNC);
+}
+
+std::unique_ptr<FileWriter> CrearFicheroPrivado(const fs::path& ruta) {
+  return std::make_unique<EscritorPosix>(ruta, O_EXCL, kModoPrivado);
+}
+
+std::unique_ptr<FileWriter> CrearSiNoExiste(const fs::path& ruta) {
+  // Whoever makes the file owns the name; it is opened a second time to be written.
+  const int fd = ::open(ruta.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, kModoFichero);
+  if (fd < 0 && errno == EEXIST) return nullptr;
+  if (fd < 0) FalloSistema("No se puede crear el fichero", ruta, errno);
+  ::close(fd);
+  return std::make_unique<EscritorPosix>(ruta, O_APPEND);
+}
+
+std::string LeerFichero(const fs::path& ruta) {
+  Descriptor fichero(ruta, O_RDONLY, "No se puede leer");
+  const auto estado = fichero.Estado();
+  // One byte more than the file holds, so that its end is met without growing.
+  std::string bytes(static_cast<std::size_t>(estado.st_size) + 1, '\0');
+  std::size_t total = 0;
+  while (const std::size_t leidos = fichero.Leer(bytes.data() + total, bytes.size() - total)) {
+    total += leidos;
+    if (total == bytes.size()) bytes.resize(total + kBloque);
+  }
+  bytes.resize(total);
+  return bytes;
 }
 
 std::unique_ptr<FileWriter> AbrirAlFinal(const fs::path& ruta) {

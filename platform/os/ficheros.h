@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <memory>
+#include <string>
 
 #include "kvraedi/entorno.h"
 
@@ -14,6 +15,9 @@ bool ExisteCarpeta(const std::filesystem::path& ruta);
 bool ExisteFichero(const std::filesystem::path& ruta);
 void CrearCarpeta(const std::filesystem::path& ruta);
 std::unique_ptr<FileWriter> CrearFichero(const std::filesystem::path& ruta);
+std::unique_ptr<FileWriter> CrearFicheroPrivado(const std::filesystem::path& ruta);
+std::string LeerFichero(const std::filesystem::path& ruta);
+std::unique_ptr<FileWriter> CrearSiNoExiste(const std::filesystem::path& ruta);
 std::unique_ptr<FileWriter> AbrirAlFinal(const std::filesystem::path& ruta);
 void CopiarFichero(const std::filesystem::path& origen, const std::filesystem::path& destino);
 void RenombrarFichero(const std::filesystem::path& origen, const std::filesystem::path& destino);

@@ -43,10 +43,11 @@ void Binding::Commit() {
 
 void Binding::OnEnterKey() {
   const bool movesOn = !control_->onEnter;
+  const QPointer<Binding> self(this);
   User([this] { control_->PressEnter(); });
-  User([&] {
-    if (movesOn) control_->Parent().FocusNext(*control_);
-  });
+  // The handler may have shown a box, and the window may have gone meanwhile.
+  if (!self || !Attached() || !movesOn) return;
+  User([this] { control_->Parent().FocusNext(*control_); });
 }
 
 bool Binding::eventFilter(QObject* /*watched*/, QEvent* event) {

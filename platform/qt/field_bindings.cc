@@ -6,6 +6,7 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
+#include <QPointer>
 #include <QPushButton>
 #include <QRegularExpressionValidator>
 #include <QToolButton>
@@ -176,8 +177,9 @@ class CheckBinding : public ControlBinding {
       : ControlBinding(control, box, box), control_(control), box_(box) {
     box_.setText(ToQt(control.Caption()));
     connect(&box_, &QCheckBox::clicked, this, [this] {
+      const QPointer<CheckBinding> self(this);
       User([this] { control_.Toggle(); });
-      if (Attached()) Refresh();
+      if (self && Attached()) Refresh();
     });
     CheckBinding::Refresh();
   }

@@ -100,9 +100,12 @@ void FormWindow::PaintNow() {
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {
+  const QPointer<FormWindow> self(this);
   RunUserAction([this] {
     if (form_ != nullptr) form_->Unload();
   });
+  event->accept();
+  if (!self) return;
   // An unload that failed half-way must not leave a window without a form behind it.
   if (form_ != nullptr && !form_->Loaded()) ui::CurrentToolkit().Close(*form_);
   event->setAccepted(form_ == nullptr);

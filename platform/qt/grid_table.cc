@@ -1,12 +1,36 @@
 #include "platform/qt/grid_table.h"
 
 #include <QApplication>
+#include <QFontMetrics>
 #include <QPainter>
 #include <QScrollBar>
 
 #include "platform/qt/twips.h"
 
 namespace kvraedi::qt {
+namespace {
+
+/// Columns are as wide as a narrower font needs: the font, condensed when that makes the text fit.
+QFont Fitted(const QFont& font, const QString& text, int room) {
+  constexpr int kWhole = 100, kLeast = 75, kStep = 2;  // percent
+  const auto width = [&](const QFont& tried) {
+    return QFontMetricsF(tried).horizontalAdvance(text);
+  };
+  const qreal whole = width(font);
+  if (whole < room || whole * kLeast > room * kWhole) return font;
+  QFont condensed = font;
+  for (int stretch = kWhole - kStep; stretch >= kLeast; stretch -= kStep) {
+    condensed.setStretch(stretch);
+    if (width(condensed) < room) return condensed;
+  }
+  return font;
+}
+
+int TextMargins(const QWidget& widget) {
+  return 2 * (widget.style()->pixelMetric(QStyle::PM_FocusFrameHMargin, nullptr, &widget) + 1);
+}
+
+}  // namespace
 
 GridHeader::GridHeader(const GridModel& model, QWidget* parent)
     : QHeaderView(Qt::Horizontal, parent), model_(model) {
@@ -21,12 +45,20 @@ void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section)
   QRect whole = rect;
   whole.setLeft(sectionViewportPosition(first));
   whole.setRight(sectionViewportPosition(last) + sectionSize(last) - 1);
+  const QString text = model_.headerData(first, Qt::Horizontal, Qt::DisplayRole).toString();
+  painter->save();
+  painter->setFont(Fitted(font(), text, whole.width() - TextMargins(*this)));
   QHeaderView::paintSection(painter, whole, first);
+  painter->restore();
 }
 
 void GridDelegate::initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const {
   QStyledItemDelegate::initStyleOption(option, index);
   option->features &= ~QStyleOptionViewItem::HasCheckIndicator;
+  if (option->widget == nullptr) return;
+  option->font =
+      Fitted(option->font, option->text, option->rect.width() - TextMargins(*option->widget));
+  option->fontMetrics = QFontMetrics(option->font);
 }
 
 void GridDelegate::paint(QPainter* painter, const QStyleOptionViewItem& option,

@@ -20,7 +20,8 @@ class GridHeader : public QHeaderView {
   const GridModel& model_;
 };
 
-/// Draws cells; a check column's as a check box in the middle.
+/// Draws cells; a check column's as a check box in the middle. A text that is a little too wide for
+/// its cell is condensed, a longer one elided.
 class GridDelegate : public QStyledItemDelegate {
  public:
   using QStyledItemDelegate::QStyledItemDelegate;

@@ -8,6 +8,7 @@
 #include <string>
 
 #include "kvraedi/error.h"
+#include "platform/qt/file_dialog.h"
 #include "platform/qt/form_window.h"
 #include "platform/qt/message_box.h"
 #include "platform/qt/texts.h"
@@ -45,6 +46,10 @@ void QtToolkit::SavePicture(ui::Form& form, const std::filesystem::path& file) {
 }
 
 ui::Answer QtToolkit::Show(const ui::MessageBox& box) { return qt::ShowMessageBox(box); }
+
+std::optional<std::filesystem::path> QtToolkit::ChooseFile(const ui::FileDialog& dialog) {
+  return qt::ShowFileDialog(dialog);
+}
 
 void QtToolkit::Open(ui::Form& form, ui::ShowMode mode, ui::Form* owner) {
   qt::FormWindow*& entry = windows_[&form];

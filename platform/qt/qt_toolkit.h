@@ -32,6 +32,7 @@ class QtToolkit : public ui::Toolkit {
   void SavePicture(ui::Form& form, const std::filesystem::path& file);
 
   ui::Answer Show(const ui::MessageBox& box) override;
+  std::optional<std::filesystem::path> ChooseFile(const ui::FileDialog& dialog) override;
   void Open(ui::Form& form, ui::ShowMode mode, ui::Form* owner) override;
   void Hide(ui::Form& form) override;
   void Close(ui::Form& form) override;

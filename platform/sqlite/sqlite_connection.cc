@@ -8,6 +8,8 @@
 #include "platform/sqlite/collations.h"
 #include "platform/sqlite/database.h"
 #include "platform/sqlite/functions.h"
+#include "platform/sqlite/keyed_query.h"
+#include "platform/sqlite/lexer.h"
 #include "platform/sqlite/scalar_functions.h"
 #include "platform/sqlite/schema.h"
 #include "platform/sqlite/script.h"
@@ -63,6 +65,7 @@ class SqliteConnection::Impl {
 
   std::unique_ptr<Recordset> Open(std::string_view sql);
   std::int64_t Execute(std::string_view sql);
+  void UpdateBlob(std::string_view sql, std::string_view field, std::span<const std::byte> bytes);
   void Begin();
   void Commit();
   void Rollback();
@@ -126,6 +129,23 @@ std::int64_t SqliteConnection::Impl::Execute(std::string_view sql) {
   Bind(lease, false);
   database_->Step(lease.Statement());
   return shape_.kind == StatementKind::kQuery ? 0 : sqlite3_changes64(Handle());
+}
+
+void SqliteConnection::Impl::UpdateBlob(std::string_view sql, std::string_view field,
+                                        std::span<const std::byte> bytes) {
+  const KeyedQuery query = WithRowKey(sql);
+  const auto rows = Open(query.sql);
+  rows->Field(field);
+  if (rows->Eof()) Throw("No hay registro actual");
+  const auto key = rows->Get<std::int64_t>(0);
+  rows->Close();
+  const StatementPtr update = database_->Prepare("UPDATE " + Quoted(query.table) + " SET " +
+                                                 Quoted(field) + " = ?1 WHERE rowid = ?2");
+  // No bytes are an empty value, not a null.
+  sqlite3_bind_blob64(update.get(), 1, bytes.empty() ? "" : static_cast<const void*>(bytes.data()),
+                      bytes.size(), SQLITE_STATIC);
+  sqlite3_bind_int64(update.get(), 2, key);
+  database_->Step(update.get());
 }
 
 void SqliteConnection::Impl::Define(std::string_view sql) {
@@ -193,6 +213,10 @@ std::unique_ptr<Recordset> SqliteConnection::Open(std::string_view sql) {
 }
 
 std::int64_t SqliteConnection::Execute(std::string_view sql) { return Opened().Execute(sql); }
+void SqliteConnection::UpdateBlob(std::string_view sql, std::string_view field,
+                                  std::span<const std::byte> bytes) {
+  Opened().UpdateBlob(sql, field, bytes);
+}
 void SqliteConnection::BeginTrans() { Opened().Begin(); }
 void SqliteConnection::CommitTrans() { Opened().Commit(); }
 void SqliteConnection::RollbackTrans() { Opened().Rollback(); }

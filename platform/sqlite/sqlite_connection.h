@@ -45,6 +45,8 @@ class SqliteConnection : public Connection {
 
   std::unique_ptr<Recordset> Open(std::string_view sql) override;
   std::int64_t Execute(std::string_view sql) override;
+  void UpdateBlob(std::string_view sql, std::string_view field,
+                  std::span<const std::byte> bytes) override;
   void BeginTrans() override;
   void CommitTrans() override;
   void RollbackTrans() override;

@@ -16,6 +16,9 @@ class SuiteReferencia : public Suite {
   /// between slashes is no choice at that level.
   std::unique_ptr<ui::PickerSource> Cadenas(std::shared_ptr<Connection> conexion,
                                             std::shared_ptr<Empresa> empresa) override;
+  /// In the table Codigos_Postales.
+  std::optional<LugarPostal> BuscarCodigoPostal(Connection& conexion, std::int32_t codigo) override;
+  std::unique_ptr<DocumentoXml> NuevoDocumentoXml(Entorno& entorno) override;
 };
 
 }  // namespace kvraedi

@@ -56,6 +56,7 @@ INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Nif, Direccion, CP, Localidad
   VALUES (1, 100, 'O''Donnell, S.A.', 'A28000000', 'Gran Vía, 2', '28013', 'Madrid', 'Madrid', 34, '910000000', '910000001', '8411111111111', 2, 1);
 )");
     std::filesystem::create_directory(envios);
+    std::filesystem::create_directory(perfil);
     empresa = std::make_shared<EmpresaDePrueba>(*base, std::int16_t{1}, carpeta.Ruta());
     conexion = std::make_shared<ConexionConFallos>(base);
     InstalarAdaptadores({.entorno = &entorno, .toolkit = &toolkit, .suite = &suite});
@@ -109,8 +110,11 @@ INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Nif, Direccion, CP, Localidad
   CarpetaTemporal carpeta;
   std::filesystem::path envios = carpeta / "Envíos EDI";
   std::filesystem::path unidad = carpeta.Ruta();
-  EntornoSistema sistema{
-      {.ahora = FechaHora{2024, 3, 1, 9, 8, 7}, .semillaId = 1, .unidad = carpeta.Ruta()}};
+  std::filesystem::path perfil = carpeta / "perfil";
+  EntornoSistema sistema{{.ahora = FechaHora{2024, 3, 1, 9, 8, 7},
+                          .semillaId = 1,
+                          .unidad = carpeta.Ruta(),
+                          .perfil = carpeta / "perfil"}};
   EntornoConFallos entorno{sistema};
   HeadlessToolkit toolkit;
   SuiteReferencia suite;

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string_view>
 #include <utility>
+#include <vector>
 
 #include "kvraedi/conexion.h"
 #include "kvraedi/entorno.h"
@@ -34,7 +35,7 @@ class Fallo {
   bool disparado_ = false;
 };
 
-/// A machine whose k-th change of files fails: making, writing, closing, copying, renaming,
+/// A machine whose k-th file operation fails: making, reading, writing, closing, copying, renaming,
 /// deleting. What went before has really happened.
 class EntornoConFallos : public EntornoWrapper {
  public:
@@ -48,6 +49,19 @@ class EntornoConFallos : public EntornoWrapper {
   std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) override {
     fallo.Paso("No queda espacio");
     return std::make_unique<Escritor>(fallo, EntornoWrapper::Create(file));
+  }
+  std::unique_ptr<FileWriter> CreatePrivate(const std::filesystem::path& file) override {
+    fallo.Paso("No queda espacio");
+    return std::make_unique<Escritor>(fallo, EntornoWrapper::CreatePrivate(file));
+  }
+  std::string ReadFile(const std::filesystem::path& file) override {
+    fallo.Paso("No se puede leer");
+    return EntornoWrapper::ReadFile(file);
+  }
+  std::unique_ptr<FileWriter> CreateNew(const std::filesystem::path& file) override {
+    fallo.Paso("No queda espacio");
+    auto real = EntornoWrapper::CreateNew(file);
+    return real ? std::make_unique<Escritor>(fallo, std::move(real)) : nullptr;
   }
   std::unique_ptr<FileWriter> Append(const std::filesystem::path& file) override {
     fallo.Paso("No queda espacio");
@@ -64,6 +78,17 @@ class EntornoConFallos : public EntornoWrapper {
   void Delete(const std::filesystem::path& file) override {
     fallo.Paso("No queda espacio");
     EntornoWrapper::Delete(file);
+  }
+  /// Only noted down when the file is there.
+  void OpenWithDefaultProgram(const std::filesystem::path& file) override {
+    if (!FileExists(file)) return EntornoWrapper::OpenWithDefaultProgram(file);
+    abiertos.push_back(file);
+  }
+  std::vector<std::filesystem::path> abiertos;
+
+  std::int64_t Start(const std::filesystem::path& program) override {
+    fallo.Paso("No se puede iniciar el programa");
+    return EntornoWrapper::Start(program);
   }
 
  private:
@@ -99,6 +124,11 @@ class ConexionConFallos : public ConnectionWrapper {
   std::int64_t Execute(std::string_view sql) override {
     fallo.Paso("Conexión perdida");
     return ConnectionWrapper::Execute(sql);
+  }
+  void UpdateBlob(std::string_view sql, std::string_view field,
+                  std::span<const std::byte> bytes) override {
+    fallo.Paso("Conexión perdida");
+    ConnectionWrapper::UpdateBlob(sql, field, bytes);
   }
 };
 

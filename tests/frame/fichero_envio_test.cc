@@ -19,7 +19,8 @@ class FicheroEnvioTest : public testing::Test {
   }
 
   void Enviar() {
-    FicheroEnvio fichero(entorno, raiz / "Temp", raiz / "2024", "año.txt");
+    FicheroEnvio fichero(entorno, raiz / "Temp", raiz / "2024",
+                         [](const FechaHora&) { return "año.txt"; });
     fichero.Texto().Linea("uno");
     fichero.Texto().Linea(std::string(100000, 'x'));
     fichero.Preparar();

@@ -128,6 +128,23 @@ TEST_F(FormTest, ComboClicksComeFromUserAndProgram) {
   EXPECT_EQ(form->combo.ListIndex(), 0);
 }
 
+TEST_F(FormTest, ComboItemsAreFoundByTextAndByData) {
+  EXPECT_EQ(form->combo.Text(), "");
+  EXPECT_EQ(form->combo.Data(), 0);
+  form->combo.AddItem("a", 34);
+  form->combo.AddItem("b", -1);
+  form->combo.AddItem("a", 5);
+  form->combo.SelectData(5);
+  EXPECT_EQ(form->combo.ListIndex(), 2);
+  form->combo.SelectData(6);
+  form->combo.SelectText("c");
+  EXPECT_EQ(form->combo.ListIndex(), 2);
+  form->combo.SelectText("a");
+  EXPECT_EQ(form->combo.Text(), "a");
+  EXPECT_EQ(form->combo.Data(), 34);
+  EXPECT_EQ(form->comboClicks, 2);
+}
+
 TEST_F(FormTest, DateBoxKeepsWhatStandsUnderTheMask) {
   for (const auto& [typed, text] : {std::pair{"01032024", "01/03/2024"},
                                     {"01/03/2024", "01/03/2024"},

@@ -30,7 +30,8 @@ TEST(NumberPatterns, FixDecimalsAndLeadingZeros) {
                {"3", "00", "03"},
                {"9.9999", "0.000", "10.000"},
                {"2.5", "0", "3"},
-               {"21.1", "0.0000", "21.1000"}};
+               {"21.1", "0.0000", "21.1000"},
+               {"-0.5005", "#0.000000", "-0.500500"}};
   for (const auto& [value, pattern, text] : cases) {
     EXPECT_EQ(Format(value, pattern), text) << value << " " << pattern;
   }

@@ -60,6 +60,28 @@ TEST(Grid, ClicksMoveTheCursorOnDataRowsOnly) {
   EXPECT_EQ(form.grid.Rows(), 1);
 }
 
+TEST(Grid, TheCursorStaysWhenARowGoes) {
+  const struct {
+    int current, removed, after;
+    const char* cell;
+  } cases[] = {{1, 1, 1, "b"}, {2, 2, 2, "c"}, {3, 3, 2, "b"}, {3, 1, 2, "c"},
+               {1, 3, 1, "a"}, {0, 2, 0, "A"}, {2, 0, 2, "b"}, {2, 4, 2, "b"}};
+  for (const auto& [current, removed, after, cell] : cases) {
+    GridForm form;
+    for (const char* text : {"a", "b", "c"}) form.Add({text});
+    form.grid.SetRow(current);
+    form.grid.RemoveRow(removed);
+    EXPECT_EQ(form.grid.Row(), after) << current << " " << removed;
+    EXPECT_EQ(form.grid.Cell(after, 0), cell) << current << " " << removed;
+  }
+  GridForm form;
+  form.Add({"a"});
+  form.grid.SetRow(1);
+  form.grid.RemoveRow(1);
+  EXPECT_EQ(form.grid.Row(), 0);
+  EXPECT_EQ(form.grid.Rows(), 1);
+}
+
 /// What a native table is told.
 struct View : ui::GridView {
   void Refresh() override {}

@@ -79,11 +79,18 @@ class KVRAEDI_API NumericBox : public TextBox {
 class KVRAEDI_API ComboBox : public Control {
  public:
   using Control::Control;
-  void AddItem(std::string text);
+  /// `data` is a number that stands for the item and is not shown.
+  void AddItem(std::string text, std::int32_t data = 0);
   const std::vector<std::string>& Items() const { return items_; }
   int ListIndex() const { return index_; }
   /// Raises onClick when the index changes, as a user's choice does.
   void SetListIndex(int index);
+  /// Text and data of the item chosen; "" and 0 when there is none.
+  std::string_view Text() const;
+  std::int32_t Data() const;
+  /// Chooses the first item of that text or data; leaves the choice as it is when there is none.
+  void SelectText(std::string_view text);
+  void SelectData(std::int32_t data);
   void Accept(ControlVisitor& visitor) override;
 
   /// User: an item was chosen; raises onClick also when it is the one chosen before.
@@ -92,6 +99,7 @@ class KVRAEDI_API ComboBox : public Control {
 
  private:
   std::vector<std::string> items_;
+  std::vector<std::int32_t> data_;
   int index_ = -1;
 };
 

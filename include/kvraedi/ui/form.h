@@ -64,7 +64,8 @@ class KVRAEDI_API Form : public std::enable_shared_from_this<Form> {
   void SetWidth(int twips);
 
   /// Loads the form if that has not been done, then shows it or brings it forward. Modal returns
-  /// when the form is hidden or unloaded. A form that unloads itself while loading is not shown.
+  /// when the form is hidden or unloaded. A form that unloads itself while loading is not shown;
+  /// one whose loading fails is unloaded.
   void Show(ShowMode mode = ShowMode::kModeless, Form* owner = nullptr);
   void Hide();
   /// Ends the form: OnUnload, then the unload event, then the native window goes. Once only.

@@ -13,8 +13,8 @@ namespace kvraedi::ui {
 enum class Alignment { kLeft, kCenter, kRight };
 
 struct GridColumn {
-  std::string_view header;
-  int width = 0;  ///< in twips (1/1440 inch)
+  std::string_view header;  ///< must outlive the grid: a literal
+  int width = 0;            ///< in twips (1/1440 inch)
   Alignment alignment = Alignment::kLeft;
   bool hidden = false;
   bool check = false;  ///< shows a check box; the cell text is "0" or "1"
@@ -50,6 +50,8 @@ class KVRAEDI_API Grid : public Control {
   bool IsSet(int row, int col) const { return Cell(row, col) == "1"; }
   /// Appends a data row; missing cells are empty.
   void AddRow(std::span<const std::string_view> cells);
+  /// Takes a data row out. When it is the current one, the next becomes it, or else the last.
+  void RemoveRow(int row);
   /// Back to the header row only.
   void Reset();
   /// While redrawing is off the native table is not told of changes.
@@ -76,6 +78,18 @@ class KVRAEDI_API Grid : public Control {
   int row_ = 0;
   bool redraw_ = true;
   GridView* gridView_ = nullptr;
+};
+
+/// While it lives the grid's native table is not told of changes.
+class RedrawPause {
+ public:
+  explicit RedrawPause(Grid& grid) : grid_(grid) { grid_.SetRedraw(false); }
+  ~RedrawPause() { grid_.SetRedraw(true); }
+  RedrawPause(const RedrawPause&) = delete;
+  RedrawPause& operator=(const RedrawPause&) = delete;
+
+ private:
+  Grid& grid_;
 };
 
 }  // namespace kvraedi::ui

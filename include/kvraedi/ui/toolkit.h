@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -21,6 +23,14 @@ struct MessageBox {
   Answer preset = Answer::kOk;  ///< the button that Enter presses
 };
 
+/// A dialog in which the user chooses a file to open.
+struct FileDialog {
+  std::string title;
+  std::string filter;            ///< pairs "description|patterns": "Imágenes (*.png)|*.png;*.jpg"
+  std::filesystem::path folder;  ///< where it begins; empty leaves that to the toolkit
+  std::string name;              ///< stands in the field at first
+};
+
 struct Font {
   std::string_view family;
   int points = 8;
@@ -35,6 +45,8 @@ class KVRAEDI_API Toolkit {
 
   /// Shows the box and waits for the user.
   virtual Answer Show(const MessageBox& box) = 0;
+  /// Shows the dialog and waits; the path of an existing file, or nothing when the user gives up.
+  virtual std::optional<std::filesystem::path> ChooseFile(const FileDialog& dialog) = 0;
   /// Shows the form's window, made if it is not there yet; the form counts as visible already. With
   /// kModal returns when Hide or Close is called for the form. `owner` may be null.
   virtual void Open(Form& form, ShowMode mode, Form* owner) = 0;

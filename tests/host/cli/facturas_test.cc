@@ -5,6 +5,7 @@
 #include <fstream>
 #include <iterator>
 #include <set>
+#include <sstream>
 
 #include "platform/sqlite/sqlite_connection.h"
 #include "tests/host/cli/ejecucion.h"
@@ -17,6 +18,7 @@ namespace fs = std::filesystem;
 using Palabras = std::vector<std::string>;
 
 constexpr const char* kInvoic = "1";         // a customer served by INVOIC
+constexpr const char* kFacturae = "30";      // one served by Facturae
 constexpr const char* kSinCanal = "50";      // one without a channel
 constexpr const char* kDesconocido = "987";  // no customer at all
 constexpr const char* kGrande = "40123";     // INVOIC, but beyond 16 bits
@@ -282,6 +284,31 @@ TEST_F(Facturas, WhatCannotBeOpenedEndsWithThree) {
                        "sqlite:" + (carpeta / "texto.db").string()})
                 .codigo,
             3);
+}
+
+TEST_F(Facturas, AFacturaeCustomerGetsSignedDocuments) {
+  const auto firmador = fs::read_symlink("/proc/self/exe").parent_path() / "../EDI/FacturaE";
+  if (!fs::exists(firmador / "FirmadorPortal")) GTEST_SKIP() << "the signer was not built";
+  const Palabras perfil = {"--perfil", carpeta.Ruta().string(), "--todas"};
+  const std::int64_t antes = Enviadas();
+
+  Palabras sinFirmador = perfil;
+  sinFirmador.insert(sinFirmador.end(), {"--componente", carpeta.Ruta().string()});
+  const Ejecucion rechazo = Enviar(kFacturae, sinFirmador);
+  EXPECT_EQ(rechazo.codigo, 1);
+  EXPECT_TRUE(rechazo.Dice("No se puede iniciar el programa")) << rechazo.mensajes;
+  EXPECT_TRUE(rechazo.resultado.starts_with("Facturas enviadas: 0\n")) << rechazo.resultado;
+  EXPECT_EQ(Enviadas(), antes);
+
+  const Ejecucion envio = Enviar(kFacturae, perfil);
+  EXPECT_EQ(envio.codigo, 0) << envio.mensajes;
+  std::istringstream lineas(envio.resultado.substr(envio.resultado.find("Documentos firmados:")));
+  std::string linea;
+  std::getline(lineas, linea);
+  int firmados = 0;
+  for (; std::getline(lineas, linea); ++firmados) EXPECT_TRUE(fs::exists(linea.substr(2))) << linea;
+  EXPECT_GT(firmados, 0);
+  EXPECT_EQ(Enviadas(), antes + firmados);
 }
 
 }  // namespace

@@ -217,6 +217,27 @@ TEST_F(ContenidoDemo, CompaniesAndTheirParameters) {
   EXPECT_EQ(demo::Gln(1001).size(), 13U);
 }
 
+TEST_F(ContenidoDemo, CentresAndPostalCodesFitTogether) {
+  for (const char* rol : {"Fiscal", "Receptor", "Pagador", "Comprador"}) {
+    const std::string columna = std::string("c.EDI_Rol_") + rol;
+    EXPECT_GT(Contar(*db, "Clientes c WHERE " + columna + " <> ''"), 0) << rol;
+    EXPECT_EQ(Contar(*db, "Clientes c LEFT JOIN EDI_Centros_Administrativos ca ON ca.Codigo = " +
+                              columna + " WHERE " + columna + " <> '' AND ca.Codigo IS NULL"),
+              0)
+        << rol;
+  }
+  EXPECT_EQ(Contar(*db,
+                   "EDI_Centros_Administrativos ca LEFT JOIN Codigos_Postales cp ON cp.Codigo ="
+                   " CAST(ca.CodigoPostal AS int) AND cp.Localidad = ca.Localidad"
+                   " AND cp.Provincia = ca.Provincia WHERE cp.Codigo IS NULL"),
+            0);
+  constexpr int kProvincias = 52;
+  for (int provincia = 1; provincia <= kProvincias; ++provincia) {
+    const std::string primero = std::to_string(provincia * 1000 + 1);
+    EXPECT_EQ(Contar(*db, "Codigos_Postales WHERE Codigo = " + primero), 1) << primero;
+  }
+}
+
 TEST_F(ContenidoDemo, SummaryNamesPendingCustomersByChannel) {
   const auto resumen = demo::ResumirDemo(*db, 1, 100);
   std::map<std::string, std::int64_t> canales;

@@ -10,6 +10,7 @@
 #include "platform/headless/headless_toolkit.h"
 #include "platform/os/entorno_sistema.h"
 #include "platform/sqlite/sqlite_connection.h"
+#include "platform/suite/suite_referencia.h"
 
 namespace {
 
@@ -28,17 +29,12 @@ class EmpresaPropia : public kvraedi::Empresa {
 };
 
 /// Fails in the middle of the component's work.
-class SuiteRota : public kvraedi::Suite {
+class SuiteRota : public kvraedi::SuiteReferencia {
  public:
   std::unique_ptr<kvraedi::ui::PickerSource> Clientes(
       std::shared_ptr<kvraedi::Connection> /*conexion*/,
       std::shared_ptr<kvraedi::Empresa> /*empresa*/) override {
     throw kvraedi::Error(1, "consumidor", kFalloSuite);
-  }
-  std::unique_ptr<kvraedi::ui::PickerSource> Cadenas(
-      std::shared_ptr<kvraedi::Connection> /*conexion*/,
-      std::shared_ptr<kvraedi::Empresa> /*empresa*/) override {
-    return nullptr;
   }
 };
 

@@ -2,8 +2,13 @@
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
 #include <regex>
 #include <set>
+
+#include "kvraedi/error.h"
+#include "tests/platform/os/carpeta_temporal.h"
 
 namespace kvraedi {
 namespace {
@@ -63,6 +68,20 @@ TEST(Identificadores, ASeedDecidesThem) {
   EXPECT_EQ(uno.Nuevo(), igual.Nuevo());
   EXPECT_NE(primero, otro.Nuevo());
   EXPECT_NE(sistema.Nuevo(), tambien.Nuevo());
+}
+
+TEST(EntornoSistema, AStartedProgramSeesTheProfileAndIsWaitedForThroughAnInterruption) {
+  const CarpetaTemporal carpeta;
+  const auto programa = carpeta / "con blancos y ñ.sh";
+  std::ofstream(programa) << "#!/bin/sh\nsleep 0.3\nkill -INT $PPID\nsleep 0.1\n"
+                             "printf '%s %s' \"$#\" \"$userprofile\" >\"$userprofile/hecho\"\n";
+  EntornoSistema entorno({.perfil = carpeta.Ruta()});
+  EXPECT_THROW(entorno.Start(programa), Error) << "it may not be run yet";
+  std::filesystem::permissions(programa, std::filesystem::perms::owner_all);
+  const std::int64_t proceso = entorno.Start(programa);
+  entorno.Wait(proceso);
+  EXPECT_EQ(Contenido(carpeta / "hecho"), "0 " + carpeta.Ruta().string());
+  for (const std::int64_t otro : {proceso, std::int64_t{0}, std::int64_t{-1}}) entorno.Wait(otro);
 }
 
 }  // namespace

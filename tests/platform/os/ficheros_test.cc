@@ -122,7 +122,8 @@ TEST_F(Ficheros, FailuresNameThePathAndTheReason) {
 TEST_F(Ficheros, AFullDiskIsReported) {
   if (!fs::exists("/dev/full")) GTEST_SKIP() << "no /dev/full here";
   const auto fichero = entorno.Create("/dev/full");
-  EXPECT_EQ(Fallo([&] { fichero->Write("x"); }), "No se puede escribir en «/dev/full»: disco lleno");
+  EXPECT_EQ(Fallo([&] { fichero->Write("x"); }),
+            "No se puede escribir en «/dev/full»: disco lleno");
   EXPECT_NO_THROW(fichero->Close());
   Poner(entorno, carpeta / "f", "abc");
   EXPECT_NE(Fallo([&] { entorno.Copy(carpeta / "f", "/dev/full"); }), "");

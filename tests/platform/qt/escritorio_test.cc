@@ -65,7 +65,7 @@ TEST_F(EscritorioTest, GuardaLasImagenesSinEscribirEnLaBase) {
   std::filesystem::create_directory(carpetaImagenes);
   EXPECT_EQ(RunDesktop(Sesion(Pictures{carpetaImagenes, "01/01/2024", "31/12/2024"})), 0);
   for (const char* nombre : {"principal", "facturas_emitidas_aviso", "facturas_emitidas",
-                             "facturas_emitidas_seleccion"}) {
+                             "facturas_emitidas_seleccion", "anexos", "centros", "centros_datos"}) {
     const auto fichero = carpetaImagenes / (std::string(nombre) + ".png");
     EXPECT_FALSE(QImage(QString::fromStdString(fichero.string())).isNull()) << nombre;
   }

@@ -7,6 +7,7 @@
 #include <QTest>
 
 #include "kvraedi/adaptadores.h"
+#include "platform/qt/grid_table.h"
 #include "tests/platform/qt/frmMuestra.h"
 #include "tests/platform/qt/usuario_qt.h"
 
@@ -120,6 +121,42 @@ TEST_F(Tabla, FilaActualDesdeElPrograma) {
   Lineas().Reset();
   form_->AnadirLineas(3);
   EXPECT_EQ(Lineas().Row(), 0);
+}
+
+TEST_F(Tabla, FilaQuitada) {
+  form_->AnadirLineas(3);
+  Lineas().SetRow(2);
+  Lineas().RemoveRow(2);
+  EXPECT_EQ(table_->model()->rowCount(), 2);
+  EXPECT_EQ(Visto(2, frmMuestra::kNumero), "3");
+  EXPECT_EQ(table_->currentIndex().row(), 1);
+  Lineas().RemoveRow(2);
+  EXPECT_EQ(Lineas().Row(), 1);
+  EXPECT_EQ(table_->currentIndex().row(), 0);
+  EXPECT_TRUE(table_->selectionModel()->isRowSelected(0));
+  Lineas().RemoveRow(1);
+  EXPECT_FALSE(table_->currentIndex().isValid());
+}
+
+TEST_F(Tabla, UnTextoAlgoAnchoSeEstrecha) {
+  struct Delegado : qt::GridDelegate {
+    using GridDelegate::initStyleOption;
+  };
+  form_->AnadirLineas(1);
+  const QModelIndex celda = table_->model()->index(0, frmMuestra::kNombre);
+  const int ancho = table_->fontMetrics().horizontalAdvance(celda.data().toString());
+  for (const auto& [parte, estrecha] :
+       {std::pair{1.2, false}, std::pair{0.9, true}, std::pair{0.5, false}}) {
+    QStyleOptionViewItem option;
+    option.widget = table_;
+    option.font = table_->font();
+    option.rect = QRect(0, 0, static_cast<int>(ancho * parte), 20);
+    Delegado().initStyleOption(&option, celda);
+    EXPECT_EQ(option.font != table_->font(), estrecha) << parte;
+    EXPECT_EQ(option.fontMetrics.horizontalAdvance(option.text) < option.rect.width(),
+              parte > 1 || estrecha)
+        << parte;
+  }
 }
 
 TEST_F(Tabla, OtrasColumnas) {

@@ -1,13 +1,17 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QFileDialog>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
 #include <QTest>
+#include <QTimer>
+#include <fstream>
 
 #include "kvraedi/adaptadores.h"
 #include "kvraedi/valor.h"
+#include "tests/platform/os/carpeta_temporal.h"
 #include "tests/platform/qt/frmMuestra.h"
 #include "tests/platform/qt/usuario_qt.h"
 
@@ -192,6 +196,31 @@ TEST_F(Ventanas, RepintarPintaAntesDeVolver) {
   form->lblEstado.SetCaption("Generando, por favor espere...");
   usuario_.Pantallas().Repaint(*form);
   EXPECT_GT(pintado.veces, 0);
+}
+
+TEST_F(Ventanas, ElDialogoDeFicherosDaLoElegido) {
+  const CarpetaTemporal carpeta;
+  for (const char* nombre : {"el año 'x'.pdf", "nota.txt"}) std::ofstream(carpeta / nombre) << "x";
+  const auto abre = [&](const std::function<void(QFileDialog&)>& elige) {
+    QTimer timer;
+    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+      auto* dialogo = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+      if (dialogo != nullptr) elige(*dialogo);
+    });
+    timer.start(10);
+    return usuario_.Pantallas().ChooseFile({.title = "Anexo",
+                                            .filter = "Documento (*.pdf)|*.pdf|Todos|*.*;*",
+                                            .folder = carpeta.Ruta(),
+                                            .name = "el año 'x'.pdf"});
+  };
+  const auto elegido = abre([&](QFileDialog& dialogo) {
+    EXPECT_EQ(dialogo.windowTitle(), "Anexo");
+    EXPECT_EQ(dialogo.nameFilters(), QStringList({"Documento (*.pdf)", "Todos (*.* *)"}));
+    QTest::keyClick(dialogo.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+  });
+  EXPECT_EQ(elegido, carpeta / "el año 'x'.pdf");
+  EXPECT_EQ(abre([](QFileDialog& dialogo) { QTest::keyClick(&dialogo, Qt::Key_Escape); }),
+            std::nullopt);
 }
 
 }  // namespace

@@ -168,6 +168,18 @@ TEST_P(ConnectionConformance, ImpossibleDatesAreErrorsOnAnEmptyTable) {
   EXPECT_EQ(Count("Nombre IS NOT NULL"), 0);
 }
 
+TEST_P(ConnectionConformance, ColumnsOfOneNameAreToldApart) {
+  db_->Execute("CREATE TABLE Textos (ID [int], Fecha [varchar](20))");
+  db_->Execute("INSERT INTO Textos (ID, Fecha) VALUES (1, '31/02/2024')");
+  Insert("Fecha", "'01/03/2024'");
+  const std::string join = "SELECT t.ID FROM Notas n INNER JOIN Textos AS t ON t.ID = n.ID WHERE ";
+  EXPECT_EQ(All(join + "t.Fecha = '31/02/2024' AND n.Fecha = '20240301'"), "1");
+  EXPECT_EQ(ErrorOf([&] { db_->Open(join + "n.Fecha = '31/02/2024'"); }), kErrorDatabase);
+  EXPECT_EQ(All("SELECT ID FROM Notas n WHERE n.Fecha = '1/3/2024' AND EXISTS (SELECT * FROM Textos"
+                " n WHERE n.Fecha = '31/02/2024')"),
+            "1");
+}
+
 TEST_P(ConnectionConformance, TheErrorNamesTheImpossibleDate) {
   try {
     db_->Open("SELECT * FROM Notas WHERE Fecha = '31/02/2024'");
@@ -211,6 +223,11 @@ TEST_P(ConnectionConformance, NumbersStoredInTextsKeepTheirDigits) {
     db_->Execute("UPDATE Notas SET Doc_Num = " + std::string(c.number));
     EXPECT_EQ(All("SELECT Doc_Num FROM Notas"), c.stored);
   }
+}
+
+TEST_P(ConnectionConformance, LongNumbersKeepTheirDigitsEverywhere) {
+  EXPECT_EQ(All("SELECT 00123456789012345678901234 AS n"), "123456789012345678901234");
+  EXPECT_EQ(All("SELECT 999999999999999999 AS n"), "999999999999999999");
 }
 
 TEST_P(ConnectionConformance, TextsStoredInNumbersBecomeNumbers) {
@@ -265,6 +282,43 @@ TEST_P(ConnectionConformance, AnEmptyBlobEqualsAnEmptyText) {
   EXPECT_EQ(Count("Datos <> ''"), 1);
   auto rows = db_->Open("SELECT Datos FROM Notas WHERE Datos <> ''");
   EXPECT_EQ(rows->Get<Bytes>(0), (Bytes{std::byte{0x0A}, std::byte{0}, std::byte{0xFF}}));
+}
+
+TEST_P(ConnectionConformance, BlobsGoIntoTheFirstRow) {
+  const Bytes bytes = {std::byte{0xFF}, std::byte{0}, std::byte{'\''}};
+  for (const char* serie : {"1", "2", "2"}) Insert("Serie", serie);
+  const std::string segundas =
+      "SELECT Peso, datos FROM Notas WHERE Serie =2 AND ISNULL(Nombre,'') =''";
+  const auto stored = [&](int id) {
+    return db_->Open("SELECT Datos FROM Notas WHERE ID = " + std::to_string(id));
+  };
+  const auto open = db_->Open("SELECT Serie FROM Notas");
+  db_->UpdateBlob(segundas, "DATOS", bytes);
+  EXPECT_TRUE(stored(1)->IsNull(0));
+  EXPECT_EQ(stored(2)->Get<Bytes>(0), bytes);
+  EXPECT_TRUE(stored(3)->IsNull(0));
+  db_->UpdateBlob("SELECT Datos FROM Notas ORDER BY ID DESC", "Datos", {});
+  EXPECT_EQ(stored(3)->Get<Bytes>(0), Bytes{});
+  db_->BeginTrans();
+  db_->UpdateBlob(segundas, "Datos", Bytes(1));
+  db_->RollbackTrans();
+  EXPECT_EQ(stored(2)->Get<Bytes>(0), bytes);
+}
+
+TEST_P(ConnectionConformance, BlobsNeedARowAndAField) {
+  Insert("Serie", "1");
+  const auto error = [&](const char* sql, const char* field) {
+    return ErrorOf([&] { db_->UpdateBlob(sql, field, Bytes(1)); });
+  };
+  EXPECT_NE(error("SELECT Datos FROM Notas WHERE Serie = 2", "Datos"), 0);
+  EXPECT_EQ(error("SELECT Serie FROM Notas", "Datos"), kErrorItemNotFound);
+  for (const char* sql :
+       {"SELECT Datos FROM Nada", "UPDATE Notas SET Datos = ''", "SELECT DISTINCT Datos FROM Notas",
+        "SELECT COUNT(Datos) AS Datos FROM Notas", "SELECT Datos FROM (SELECT Datos FROM Notas) T",
+        "SELECT n.Datos FROM Notas n INNER JOIN Notas m ON m.ID = n.ID"}) {
+    EXPECT_EQ(error(sql, "Datos"), kErrorDatabase) << sql;
+  }
+  EXPECT_EQ(Count("Datos IS NULL"), 1);
 }
 
 TEST_P(ConnectionConformance, FieldsAreFoundWithoutCaseAndTheFirstOfEquals) {
@@ -383,6 +437,15 @@ TEST_P(ConnectionConformance, RecordsetsStayOpenWhileStatementsRun) {
     }
   }
   EXPECT_EQ(All("SELECT Valor FROM Otra ORDER BY Valor"), "1|3");
+}
+
+TEST_P(ConnectionConformance, TheTextOfAnOpenStatementMayGo) {
+  for (const char* name : {"'a'", "'b'", "'c'"}) Insert("Nombre", name);
+  std::string sql = "SELECT Nombre FROM Notas WHERE Nombre <> 'b' ORDER BY ID";
+  auto rows = db_->Open(sql);
+  sql.replace(sql.find("'b'"), 3, "'c'");
+  rows->MoveNext();
+  EXPECT_EQ(rows->Get<std::string>(0), "c");
 }
 
 TEST_P(ConnectionConformance, ClosedRecordsetsHoldNoRows) {

@@ -1,0 +1,65 @@
+#include "dispatch/documento_anexos.h"
+
+#include "frame/formato.h"
+#include "frame/sesion.h"
+#include "frame/sql.h"
+
+namespace kvraedi {
+namespace {
+
+bool EsTicket(const DocumentoAnexos& documento) { return documento.tipo != 0; }
+
+std::string Condiciones(const DocumentoAnexos& d) {
+  const std::int16_t empresa = EmpresaActual().CodigoEmpresa();
+  constexpr std::string_view kMensaje = " WHERE Cod_EDIPlat = 3 AND Cod_EDITipoMsg = 1 ";
+  if (EsTicket(d)) {
+    return Sql(kMensaje, "   AND Cod_Empresa_FT =", empresa, "   AND Cod_Almacen_FT =", d.almacenFT,
+               "   AND Caja_FT =", d.cajaFT, "   AND Fecha_FT =", SqlTexto{FechaTexto(d.fechaFT)},
+               "   AND Codigo_FT =", d.codigoFT);
+  }
+  return Sql(kMensaje, "   AND Cod_Empresa =", empresa, "   AND Cod_Ejercicio =", d.ejercicio,
+             "   AND Serie =", d.serie, "   AND Codigo =", d.codigo, "   AND TipoDoc =", d.tipoDoc);
+}
+
+std::string DeNombre(std::string_view nombre) {
+  return Sql("   AND NombreAnexo =", SqlTexto{nombre});
+}
+
+}  // namespace
+
+std::string ConsultaAnexos(const DocumentoAnexos& documento) {
+  return Sql("SELECT NombreAnexo, DescripcionAnexo FROM EDI_Anexos ", Condiciones(documento));
+}
+
+std::string InsertarAnexo(const DocumentoAnexos& d, std::string_view nombre,
+                          std::string_view descripcion) {
+  const std::int16_t empresa = EmpresaActual().CodigoEmpresa();
+  const std::string anexo =
+      Sql(", ", SqlTexto{nombre}, ", ", SqlTexto{descripcion}, ",CONVERT(varbinary(MAX),''))");
+  if (EsTicket(d)) {
+    return Sql(
+        "INSERT INTO EDI_Anexos (Cod_EDIPlat, Cod_EDITipoMsg, Hora, Cod_Empresa_FT,"
+        " Cod_Almacen_FT, Caja_FT,"
+        " Fecha_FT, Codigo_FT, NombreAnexo, DescripcionAnexo, Stream) "
+        " VALUES (3,1"
+        ", GETDATE(), ",
+        empresa, ", ", d.almacenFT, ", ", d.cajaFT, ", ", SqlTexto{FechaTexto(d.fechaFT)}, ", ",
+        d.codigoFT, anexo);
+  }
+  return Sql(
+      "INSERT INTO EDI_Anexos (Cod_EDIPlat,Cod_EDITipoMsg,Hora,Cod_Empresa,Cod_Ejercicio,Serie,"
+      "Codigo,TipoDoc,NombreAnexo,DescripcionAnexo,Stream) "
+      " VALUES (3,1"
+      ", GETDATE(), ",
+      empresa, ", ", d.ejercicio, ", ", d.serie, ", ", d.codigo, ", ", d.tipoDoc, anexo);
+}
+
+std::string ConsultaContenido(const DocumentoAnexos& documento, std::string_view nombre) {
+  return Sql("SELECT stream FROM EDI_Anexos ", Condiciones(documento), DeNombre(nombre));
+}
+
+std::string BorrarAnexo(const DocumentoAnexos& documento, std::string_view nombre) {
+  return Sql("DELETE FROM EDI_Anexos ", Condiciones(documento), DeNombre(nombre));
+}
+
+}  // namespace kvraedi

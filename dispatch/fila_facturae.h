@@ -1,0 +1,23 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "kvraedi/ui/grid.h"
+#include "kvraedi/valor.h"
+
+namespace kvraedi {
+
+/// The date that a cell shows; anything else raises "No coinciden los tipos".
+FechaHora FechaCelda(std::string_view celda);
+
+/// Sets the issuer codes that every Facturae document of a batch has.
+void PonerCodigosFacturaE();
+
+/// Makes the Facturae document of a row of the invoice list, corrective when the row was sent
+/// before. The last arguments and the result are those of FACTURA_E.
+bool GenerarFacturaE(const ui::Grid& lista, int fila, bool exportar,
+                     const std::string& rutaExportacion, std::int16_t revision);
+
+}  // namespace kvraedi

@@ -1,0 +1,125 @@
+#include "dispatch/frmAnexosFactura.h"
+
+#include <array>
+
+#include "frame/accion.h"
+#include "frame/avisos.h"
+#include "frame/carpeta_anexos.h"
+#include "frame/puertos.h"
+#include "frame/sesion.h"
+
+namespace kvraedi {
+namespace {
+
+enum ColumnaAnexo : int { kFichero, kDescripcion, kColumnasAnexo };
+
+constexpr std::array<ui::GridColumn, kColumnasAnexo> kColumnas = {{
+    {"Fichero", 3500},
+    {"Descripción", 5000},
+}};
+
+}  // namespace
+
+frmAnexosFactura::frmAnexosFactura(const DocumentoAnexos& documento)
+    : Form("frmAnexosFactura", "Anexos de Factura Electrónica"), documento_(documento) {
+  Disponer();
+  Escuchar();
+}
+
+void frmAnexosFactura::Disponer() {
+  using ui::Aligned, ui::Column, ui::Row, ui::Space;
+  SetLayout(Column({
+      Aligned(
+          {Row({lblRuta, txtRuta, cmdExaminar}), Row({lblDescripcion, txtDescripcion, cmdAnexar})}),
+      vsDocs,
+      Row({cmdEliminarAnexo, cmdVer, Space(), cmdSalir}),
+  }));
+}
+
+void frmAnexosFactura::Escuchar() {
+  cmdExaminar.onClick = [this] { cmdExaminar_Click(); };
+  cmdAnexar.onClick = [this] { cmdAnexar_Click(); };
+  cmdEliminarAnexo.onClick = [this] { cmdEliminarAnexo_Click(); };
+  cmdVer.onClick = [this] { cmdVer_Click(); };
+  cmdSalir.onClick = [this] { cmdSalir_Click(); };
+}
+
+void frmAnexosFactura::OnLoad() {
+  Accion("frmAnexosFactura:Load", [&] {
+    CarpetaAnexos(EntornoActual()).Crear();
+    vsDocs.SetColumns(kColumnas);
+    Cargar();
+  });
+}
+
+void frmAnexosFactura::Cargar() {
+  Accion("frmAnexosFactura:Cargar", [&] {
+    const auto anexos = ConexionActual().Open(ConsultaAnexos(documento_));
+    vsDocs.Reset();
+    for (; !anexos->Eof(); anexos->MoveNext()) {
+      const std::array<std::string_view, kColumnasAnexo> celdas = {
+          anexos->GetOrEmpty<std::string_view>("NombreAnexo"),
+          anexos->GetOrEmpty<std::string_view>("DescripcionAnexo")};
+      vsDocs.AddRow(celdas);
+    }
+  });
+}
+
+void frmAnexosFactura::cmdExaminar_Click() {
+  Accion("frmAnexosFactura:cmdExaminar_Click", [&] {
+    const auto fichero =
+        ui::CurrentToolkit().ChooseFile({.filter = "Fichero de Imagen (*.pdf)|*.pdf"});
+    if (fichero) txtRuta.SetText(fichero->string());
+  });
+}
+
+bool frmAnexosFactura::AnexoValido() {
+  const auto exigir = [](std::string_view texto) {
+    Avisar(texto, "¡ Atención !", ui::Icon::kExclamation);
+    return false;
+  };
+  if (txtDescripcion.Text().empty()) return exigir("Debe rellenar la Descripción del documento");
+  if (txtRuta.Text().empty()) return exigir("Debe elegir un documento a anexar");
+  return true;
+}
+
+void frmAnexosFactura::cmdAnexar_Click() {
+  Accion("frmAnexosFactura:cmdAnexar_Click", [&] {
+    if (AnexoValido()) Anexar();
+  });
+}
+
+void frmAnexosFactura::Anexar() {
+  const std::string nombre = NombreDeFichero(txtRuta.Text());
+  Connection& conexion = ConexionActual();
+  conexion.Execute(InsertarAnexo(documento_, nombre, txtDescripcion.Text()));
+  const std::string contenido = EntornoActual().ReadFile(txtRuta.Text());
+  conexion.UpdateBlob(ConsultaContenido(documento_, nombre), "Stream",
+                      std::as_bytes(std::span(contenido)));
+  CarpetaAnexos(EntornoActual()).Guardar(nombre, contenido);
+  Cargar();
+}
+
+void frmAnexosFactura::cmdEliminarAnexo_Click() {
+  Accion("frmAnexosFactura:cmdEliminarAnexo_Click", [&] {
+    const int fila = vsDocs.Row();
+    if (fila <= 0) return;
+    ConexionActual().Execute(BorrarAnexo(documento_, vsDocs.Cell(fila, kFichero)));
+    Cargar();
+  });
+}
+
+void frmAnexosFactura::cmdVer_Click() {
+  Accion("frmAnexosFactura:cmdVer_Click", [&] {
+    const int fila = vsDocs.Row();
+    if (fila > 0) CarpetaAnexos(EntornoActual()).Abrir(vsDocs.Cell(fila, kFichero));
+  });
+}
+
+void frmAnexosFactura::cmdSalir_Click() {
+  numeroAnexos_ = vsDocs.Rows() - 1;
+  salida_ = true;
+  Unload();
+}
+
+}  // namespace kvraedi

@@ -1,0 +1,125 @@
+#include <filesystem>
+#include <string>
+
+#include "facturae/certificado.h"
+#include "facturae/documento.h"
+#include "facturae/firma.h"
+#include "facturae/modFactura_E.h"
+#include "facturae/registro_envio.h"
+#include "frame/accion.h"
+#include "frame/avisos.h"
+#include "frame/puertos.h"
+#include "frame/sesion.h"
+#include "kvraedi/error.h"
+
+namespace kvraedi {
+namespace {
+
+namespace fs = std::filesystem;
+using facturae::ClaveDocumento;
+using facturae::RespuestaFirma;
+
+/// What one call of FACTURA_E is about.
+struct Encargo {
+  std::int32_t cliente;
+  ClaveDocumento clave;
+  bool exportar;
+  fs::path rutaExportacion;
+  std::int16_t revision;
+};
+
+/// Folders of the unsigned and of the signed document.
+struct Carpetas {
+  fs::path sinFirmar;
+  fs::path firmado;
+};
+
+Carpetas PrepararCarpetas(const Encargo& encargo) {
+  if (encargo.exportar) return {encargo.rutaExportacion, encargo.rutaExportacion};
+  const auto raiz = ParametroRuta("EDI_PathFichEnvios");
+  if (raiz.empty()) {
+    throw Error(kErrorItemNotFound, "modFactura_E", "No se ha indicado la carpeta de envíos");
+  }
+  Carpetas carpetas{raiz / "Temp", raiz / std::to_string(encargo.clave.ejercicio)};
+  EntornoActual().MakeFolder(carpetas.firmado);
+  EntornoActual().MakeFolder(carpetas.sinFirmar);
+  return carpetas;
+}
+
+/// Records the sending that the answer confirms. What can be wrong with the answer shows before
+/// anything is deleted.
+void RegistrarEnvio(const ClaveDocumento& clave, const RespuestaFirma& respuesta,
+                    const fs::path& sinFirmar, facturae::RegistroRespuestas& registro) {
+  const auto datos = respuesta.Registro();
+  const std::string insercion = facturae::InsertarEnvio(clave, facturae::Estado(), datos);
+  EntornoActual().Delete(sinFirmar);
+  ConexionActual().Execute(facturae::BorrarEnvios(clave));
+  ConexionActual().Execute(insercion);
+  registro.Anotar(" Código Registro: " + datos.registro + " Código Seguimiento: " +
+                  datos.seguimiento + ", Fecha Registro: " + datos.fechaTexto);
+}
+
+bool AtenderRespuesta(const Encargo& encargo, const RespuestaFirma& respuesta,
+                      const fs::path& sinFirmar, const fs::path& trabajo) {
+  facturae::RegistroRespuestas registro(trabajo / "respuesta.txt");
+  if (respuesta.Vacia()) {
+    registro.Anotar(" Error: El programa de envío al WS ha fallado");
+  } else if (!respuesta.Conforme()) {
+    registro.Anotar(" Error: " + respuesta.Texto());
+  } else if (!encargo.exportar) {
+    RegistrarEnvio(encargo.clave, respuesta, sinFirmar, registro);
+  }
+  registro.Cerrar();
+  return respuesta.Conforme();
+}
+
+bool Generar(const Encargo& encargo) {
+  const Carpetas carpetas = PrepararCarpetas(encargo);
+  const fs::path trabajo = facturae::CarpetaAnexos().parent_path();
+  auto& estado = facturae::Estado();
+  const auto xml = SuiteActual().NuevoDocumentoXml(EntornoActual());
+  facturae::ConstruirDocumento(estado, *xml, encargo.cliente, encargo.clave, encargo.revision);
+  const fs::path sinFirmar = carpetas.sinFirmar / (estado.identificadorLote + "_sinFirmar.xml");
+  xml->Guardar(sinFirmar);
+
+  const auto certificado = facturae::ElegirCertificado(encargo.clave.serie);
+  if (certificado.ruta.empty()) {
+    Avisar("Debe especificar la ruta del Certificado Digital usado para firmar.", "¡ Atención !",
+           ui::Icon::kInformation);
+    return false;
+  }
+  const RespuestaFirma respuesta =
+      facturae::Firmar(*xml, trabajo,
+                       {sinFirmar, carpetas.firmado / (estado.identificadorLote + ".xsig"),
+                        certificado, encargo.exportar, estado.emailEmisor});
+  try {
+    return AtenderRespuesta(encargo, respuesta, sinFirmar, trabajo);
+  } catch (const Error& error) {
+    // What the receiving service answered must not be lost with the error.
+    throw Error(error.Number(), error.Source(),
+                error.Description() + ". Respuesta del firmador: " + respuesta.Texto());
+  }
+}
+
+}  // namespace
+
+bool FACTURA_E(std::int32_t cliente, std::int16_t ejercicio, std::int16_t serie,
+               std::int32_t codigo, std::int16_t tipoDoc, std::int16_t tipo, std::int16_t almacenFT,
+               std::int16_t cajaFT, const FechaHora& fechaFT, std::int32_t codigoFT, bool exportar,
+               const std::string& rutaExportacion, std::int16_t revision) {
+  bool conforme = false;
+  return Accion("modFactura_E:FACTURA_E",
+                [&] {
+                  conforme = Generar({cliente,
+                                      {ejercicio, serie, codigo, tipoDoc, tipo, almacenFT, cajaFT,
+                                       fechaFT, codigoFT},
+                                      exportar,
+                                      std::u8string(rutaExportacion.begin(), rutaExportacion.end()),
+                                      revision});
+                }) &&
+         conforme;
+}
+
+void EsperaProceso(std::int64_t proceso) { EntornoActual().Wait(proceso); }
+
+}  // namespace kvraedi

@@ -1,0 +1,71 @@
+#include "facturae/registro_envio.h"
+
+#include "frame/codigo1252.h"
+#include "frame/formato.h"
+#include "frame/puertos.h"
+#include "frame/sesion.h"
+#include "frame/sql.h"
+#include "kvraedi/error.h"
+
+namespace kvraedi::facturae {
+namespace {
+
+std::string ClaveFactura(const ClaveDocumento& clave) {
+  return Sql(EmpresaActual().CodigoEmpresa(), ", ", clave.ejercicio, ", ", clave.serie, ", ",
+             clave.codigo, ", ", clave.tipoDoc);
+}
+
+std::string ClaveTicket(const ClaveDocumento& clave, const std::string& fecha) {
+  return Sql(EmpresaActual().CodigoEmpresa(), ", ", clave.almacenFT, ", ", clave.cajaFT, ", ",
+             SqlTexto{fecha}, ", ", clave.codigoFT);
+}
+
+}  // namespace
+
+RegistroRespuestas::RegistroRespuestas(const std::filesystem::path& fichero)
+    : fichero_(EntornoActual().Append(fichero)) {}
+
+void RegistroRespuestas::Anotar(std::string_view texto) {
+  const std::string linea = FormatearFecha(EntornoActual().Now(), "yyyymmddhhnnss").append(texto);
+  std::string bytes(linea.size(), ' ');
+  bytes.resize(Escribir1252(linea, bytes).bytes);
+  fichero_.Linea(bytes);
+}
+
+std::string BorrarEnvios(const ClaveDocumento& clave) {
+  const std::int16_t empresa = EmpresaActual().CodigoEmpresa();
+  if (clave.EsTicket()) {
+    return Sql(
+        "DELETE FROM EDI_Envio_Facturas"
+        " WHERE Cod_Empresa_FT = ",
+        empresa, "   AND Cod_Almacen_FT = ", clave.almacenFT, "   AND Caja_FT = ", clave.cajaFT,
+        "   AND Fecha_FT = ", SqlTexto{FechaTexto(clave.fechaFT)},
+        "   AND Codigo_FT = ", clave.codigoFT);
+  }
+  return Sql(
+      "DELETE FROM EDI_Envio_Facturas"
+      " WHERE Cod_Empresa = ",
+      empresa, " AND Cod_Ejercicio = ", clave.ejercicio, " AND Serie = ", clave.serie,
+      " AND Codigo = ", clave.codigo, " AND TipoDoc = ", clave.tipoDoc);
+}
+
+std::string InsertarEnvio(const ClaveDocumento& clave, const EstadoFacturaE& estado,
+                          const DatosRegistro& datos) {
+  if (estado.identificadorLote.empty()) {
+    throw Error(kErrorItemNotFound, "modFactura_E", "La factura no está en la base de datos");
+  }
+  const std::string numero = datos.registro + " - " + datos.seguimiento;
+  return Sql(clave.EsTicket()
+                 ? "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, IdentificadorMsg,"
+                   " Hora, Cod_Empresa_FT, Cod_Almacen_FT, Caja_FT, Fecha_FT, Codigo_FT, Copias,"
+                   " EDIFichero, EDINumeroRegistro, EDIFechaRegistro, Revision) "
+                 : "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, IdentificadorMsg,"
+                   " Hora, Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Copias,"
+                   " EDIFichero, EDINumeroRegistro, EDIFechaRegistro, Revision) ",
+             " VALUES (3 , 1,", estado.identificadorLote, ", GETDATE(), ",
+             clave.EsTicket() ? ClaveTicket(clave, FechaTexto(clave.fechaFT)) : ClaveFactura(clave),
+             ", 1, ", SqlTexto{estado.identificadorLote + ".xsig"}, ", ", SqlTexto{numero}, ", ",
+             SqlTexto{FechaTexto(datos.fecha)}, ", ", estado.revisionUsada, ")");
+}
+
+}  // namespace kvraedi::facturae

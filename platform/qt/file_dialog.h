@@ -1,0 +1,13 @@
+#pragma once
+
+#include <filesystem>
+#include <optional>
+
+#include "kvraedi/ui/toolkit.h"
+
+namespace kvraedi::qt {
+
+/// Shows the dialog over the active window and waits for the user.
+std::optional<std::filesystem::path> ShowFileDialog(const ui::FileDialog& dialog);
+
+}  // namespace kvraedi::qt

@@ -1,0 +1,374 @@
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+
+#include "dispatch/frmEnvioFactura.h"
+#include "facturae/documento.h"
+#include "facturae/modFactura_E.h"
+#include "facturae/registro_envio.h"
+#include "tests/apoyo/pantalla_envio.h"
+#include "tests/apoyo/registro_esperado.h"
+
+namespace kvraedi {
+namespace {
+
+namespace fs = std::filesystem;
+using Nombres = std::vector<std::string>;
+
+constexpr const char* kLote = "01202400000000100003";  // invoice 1 of series 3
+constexpr const char* kLoteTicket = "0100512200224000000077";
+constexpr const char* kExito =
+    "¡ Atención !|El/los fichero/s de FACTURA E se han generado correctamente.|1";
+constexpr const char* kFallo = "¡ Atención !|Error al generar la factura: 1|1";
+
+/// Sees what the signing program is given, at the moment when it is started.
+class EntornoObservado : public EntornoConFallos {
+ public:
+  using EntornoConFallos::EntornoConFallos;
+  std::int64_t Start(const fs::path& program) override {
+    const fs::path peticion = ProfileFolder() / "Ormo" / "EDI" / "entrada.xml";
+    struct stat estado {};
+    if (::stat(peticion.c_str(), &estado) == 0) permisos = estado.st_mode & 0777;
+    entrada = Contenido(peticion);
+    return EntornoConFallos::Start(program);
+  }
+  mode_t permisos = 0;
+  std::string entrada;
+};
+
+/// Customer 100 on Facturae, invoices 1 and 2, ticket invoice 77; the demonstration signer.
+class Firma : public PantallaEnvio {
+ protected:
+  void SetUp() override {
+    PantallaEnvio::SetUp();
+    base->Run(R"(
+UPDATE Paises SET ISO3Codigo = 'ESP';
+UPDATE Empresas SET email = 'facturas@nandu.example';
+UPDATE Clientes SET Nombre_Comercial = 'O''Donnell', Cod_EDIPlat_Fra = 3, EDI_Rol_Fiscal = 'C1', EDI_Rol_Receptor = 'C1', EDI_Rol_Pagador = 'C1';
+INSERT INTO EDI_Centros_Administrativos VALUES ('C1', 'Oficina', 'C/ Real, 1', '35001', 'Las Palmas', 'Las Palmas', 34, 'Oficina contable');
+INSERT INTO EDI_Plataforma VALUES (3, 'FACTURAE');
+INSERT INTO EDI_TipoMsg VALUES (3, 1, 'FACTURA');
+INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathCertificadoDigital', 'empresa.pfx');
+INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PasswordCertificadoDigital', 'clave&<empresa>');
+)");
+    LeerEmpresa();
+    for (const int codigo : {1, 2}) InsertarFactura(codigo);
+    InstalarAdaptadores({.entorno = &observado, .toolkit = &toolkit, .suite = &suite});
+    Firmador("responde:OK,R123,T456,16/11/2026");
+    Preparar();
+  }
+  void TearDown() override {
+    ::unsetenv("KVRAEDI_FIRMADOR");
+    PantallaEnvio::TearDown();
+  }
+
+  /// The company object reads its parameters once.
+  void LeerEmpresa() {
+    empresa = std::make_shared<EmpresaDePrueba>(*base, std::int16_t{1}, carpeta.Ruta());
+    PropiedadesSesion().EmpresaKestrova(empresa);
+  }
+  static void Firmador(const char* modo) { ::setenv("KVRAEDI_FIRMADOR", modo, 1); }
+  void Preparar() {
+    Control<ui::Picker>("txtCliente").Type("100");
+    Listar();
+  }
+  void Enviar(int factura) {
+    for (int fila = 1; fila < Lista().Rows(); ++fila) {
+      const bool suya = Lista().Cell(fila, kFactura) == std::to_string(factura);
+      Lista().SetCell(fila, kSeleccion, suya ? "1" : "0");
+    }
+    avisosPrevios = toolkit.Messages().size();
+    PantallaEnvio::Enviar();
+  }
+  fs::path Trabajo() const { return perfil / "Ormo" / "EDI"; }
+  std::string Registro() const { return Contenido(Trabajo() / "respuesta.txt"); }
+  int Registros() const { return Contar("SELECT COUNT(*) FROM EDI_Envio_Facturas"); }
+  /// The box that the routine showed during the last sending, before the one of the batch.
+  std::string Caja() const {
+    const auto& avisos = toolkit.Messages();
+    if (avisos.size() < avisosPrevios + 2) return "";
+    const auto& aviso = avisos[avisos.size() - 2];
+    return aviso.title + "|" + aviso.text;
+  }
+
+  EntornoObservado observado{sistema};
+  std::size_t avisosPrevios = 0;
+};
+
+TEST_F(Firma, ASignedInvoiceIsRecordedLoggedAndMarked) {
+  Enviar(1);
+  EXPECT_EQ(UltimoAviso(), kExito);
+  EXPECT_EQ(Ficheros("Temp"), Nombres());
+  EXPECT_EQ(Ficheros("2024"), Nombres{std::string(kLote) + ".xsig"});
+  EXPECT_NE(Contenido(envios / "2024" / (std::string(kLote) + ".xsig")).find("<ds:Signature "),
+            std::string::npos);
+  EXPECT_EQ(Registro(),
+            "20240301090807 C\xF3"
+            "digo Registro: R123 C\xF3"
+            "digo Seguimiento: T456,"
+            " Fecha Registro: 16/11/2026\r\n");
+  EXPECT_EQ(Columna(kGenerada), (Celdas{"X", ""}));
+  EXPECT_EQ(Columna(kSeleccion), (Celdas{"0", "0"}));
+  EXPECT_FALSE(fs::exists(Trabajo() / "entrada.xml"));
+
+  const auto rs = base->Open("SELECT * FROM EDI_Envio_Facturas");
+  EXPECT_EQ(rs->Get<std::string>("IdentificadorMsg"), "1202400000000100003");
+  EXPECT_EQ(rs->Get<std::string>("EDINumeroRegistro"), "R123 - T456");
+  EXPECT_EQ(rs->Get<FechaHora>("EDIFechaRegistro"), (FechaHora{2026, 11, 16}));
+}
+
+TEST_F(Firma, TheRequestIsPrivateAndNamesEverything) {
+  fs::create_directories(Trabajo());
+  std::ofstream(Trabajo() / "entrada.xml") << "left by an interrupted run";
+  Enviar(1);
+  EXPECT_EQ(observado.permisos, 0600U);
+  std::size_t sitio = 0;
+  const std::string politica =
+      "http://www.facturae.es/politica_de_firma_formato_facturae/"
+      "politica_de_firma_formato_facturae_v3_1.pdf";
+  for (const std::string& elemento :
+       {"<politica>" + politica + "</politica>",
+        std::string("<hashPolitica>Ohixl6upD6av8N7pEvDABhEL6hM=</hashPolitica>"),
+        "<URIPolitica>" + politica + "</URIPolitica>",
+        "<rutaXML>" + (envios / "Temp").string() + "/" + kLote + "_sinFirmar.xml</rutaXML>",
+        "<rutaXMLFirmada>" + (envios / "2024").string() + "/" + kLote + ".xsig</rutaXMLFirmada>",
+        "<rutaCertificado>" + (carpeta / "empresa.pfx").string() + "</rutaCertificado>",
+        std::string("<password>clave&amp;&lt;empresa&gt;</password>"),
+        std::string("<exportar>0</exportar>"),
+        std::string("<mail>facturas@nandu.example</mail>")}) {
+    const std::size_t aqui = observado.entrada.find(elemento);
+    ASSERT_NE(aqui, std::string::npos) << elemento << observado.entrada;
+    EXPECT_GT(aqui, sitio) << elemento;
+    sitio = aqui;
+  }
+}
+
+TEST_F(Firma, TheSeriesCertificateGoesBeforeTheCompanys) {
+  const struct {
+    const char *cambio, *ruta, *password;
+  } casos[] = {
+      {"INSERT INTO Series VALUES (1, 3, 'Serie', 'serie.pfx', 'de la serie')", "serie.pfx",
+       "de la serie"},
+      {"UPDATE Series SET rutaCertificado = ''", "empresa.pfx", "clave&amp;&lt;empresa&gt;"},
+      {"UPDATE Series SET rutaCertificado = NULL", "empresa.pfx", "clave&amp;&lt;empresa&gt;"},
+      {"UPDATE Series SET rutaCertificado = 'otra.pfx', Codigo = 4", "empresa.pfx",
+       "clave&amp;&lt;empresa&gt;"}};
+  for (const auto& [cambio, ruta, password] : casos) {
+    base->Execute(cambio);
+    Enviar(1);
+    EXPECT_EQ(UltimoAviso(), kExito);
+    EXPECT_NE(observado.entrada.find(std::string(ruta) + "</rutaCertificado>"), std::string::npos)
+        << cambio;
+    EXPECT_NE(observado.entrada.find("<password>" + std::string(password) + "</password>"),
+              std::string::npos)
+        << cambio;
+  }
+}
+
+TEST_F(Firma, WithoutACertificateNothingIsStarted) {
+  base->Execute("DELETE FROM Empresas_Parametros WHERE Nombre = 'EDI_PathCertificadoDigital'");
+  LeerEmpresa();
+  Enviar(1);
+  EXPECT_EQ(Caja(),
+            "¡ Atención !|Debe especificar la ruta del Certificado Digital usado para firmar.");
+  EXPECT_EQ(UltimoAviso(), kFallo);
+  EXPECT_EQ(Ficheros("Temp"), Nombres{std::string(kLote) + "_sinFirmar.xml"});
+  EXPECT_EQ(observado.entrada, "");
+  EXPECT_FALSE(fs::exists(Trabajo() / "respuesta.txt"));
+}
+
+TEST_F(Firma, WhateverTheSignerDoesOnlyOkIsRecorded) {
+  const std::string vacia = "20240301090807 Error: El programa de env\xEDo al WS ha fallado\r\n";
+  const std::string titulo = "modFactura_E:FACTURA_E|";
+  const std::string respuesta = ". Respuesta del firmador: ";
+  const std::string incompleta = titulo + "La respuesta del firmador está incompleta" + respuesta;
+  const std::string fecha =
+      titulo + "La fecha de registro de la respuesta del firmador no es una fecha" + respuesta;
+  const struct {
+    const char* modo;
+    std::string linea, caja;
+  } casos[] = {
+      {"nada", vacia, ""},
+      {"vacio", vacia, ""},
+      {"muere", vacia, ""},
+      {"responde:", vacia, ""},
+      {"rechaza", "20240301090807 Error: ERROR,El certificado ha caducado\r\n", ""},
+      {"responde:ok,R1,T1,16/11/2026", "20240301090807 Error: ok,R1,T1,16/11/2026\r\n", ""},
+      {"corto", "", incompleta + "OK,R123"},
+      {"responde:OK,R1,T1,31/02/2026", "", fecha + "OK,R1,T1,31/02/2026"},
+      {"responde:OK,R1,T1,", "", fecha + "OK,R1,T1,"},
+  };
+  base->Execute(
+      "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, Cod_Empresa, Cod_Ejercicio,"
+      " Serie, Codigo, TipoDoc) VALUES (3, 1, 1, 2024, 3, 1, 0)");
+  Enviar(1);  // leaves an answer behind, and a record
+  fs::remove(Trabajo() / "respuesta.txt");
+  for (const auto& caso : casos) {
+    SCOPED_TRACE(caso.modo);
+    Firmador(caso.modo);
+    Enviar(1);
+    EXPECT_EQ(UltimoAviso(), kFallo);
+    EXPECT_EQ(Caja(), caso.caja);
+    EXPECT_EQ(Registro(), caso.linea);
+    EXPECT_EQ(Contar("SELECT COUNT(*) FROM EDI_Envio_Facturas WHERE Copias = 1"), 1);
+    EXPECT_EQ(Ficheros("Temp"), Nombres{std::string(kLote) + "_sinFirmar.xml"});
+    EXPECT_FALSE(fs::exists(Trabajo() / "entrada.xml"));
+    fs::remove(Trabajo() / "respuesta.txt");
+  }
+}
+
+TEST_F(Firma, AnswersThatCannotBeReadAndMissingSignersAreBoxes) {
+  Firmador("basura");
+  Enviar(1);
+  EXPECT_TRUE(Caja().starts_with("modFactura_E:FACTURA_E|")) << Caja();
+  EXPECT_EQ(UltimoAviso(), kFallo);
+
+  EntornoSistema otro{
+      {.ahora = FechaHora{2024, 3, 1}, .componente = carpeta / "no hay" / "bin", .perfil = perfil}};
+  InstalarAdaptadores({.entorno = &otro, .toolkit = &toolkit, .suite = &suite});
+  Enviar(1);
+  EXPECT_EQ(Caja(), "modFactura_E:FACTURA_E|No se puede iniciar el programa «" +
+                        (carpeta / "no hay/bin/../EDI/FacturaE/FirmadorPortal").string() +
+                        "»: no existe");
+  EXPECT_FALSE(fs::exists(Trabajo() / "entrada.xml"));
+  EXPECT_EQ(Registros(), 0);
+}
+
+TEST_F(Firma, ASecondSendingIsCorrectiveAndReplacesEveryRecord) {
+  base->Execute(
+      "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, Cod_Empresa, Cod_Ejercicio,"
+      " Serie, Codigo, TipoDoc) VALUES (2, 1, 1, 2024, 3, 1, 0), (2, 1, 1, 2024, 3, 2, 0)");
+  Enviar(1);  // another platform's sending has no revision: the first one stays at 0
+  Enviar(1);
+  EXPECT_EQ(UltimoAviso(), kExito);
+  EXPECT_NE(Contenido(envios / "2024" / (std::string(kLote) + ".xsig"))
+                .find("<InvoiceNumber>1/R1</InvoiceNumber>"),
+            std::string::npos);
+  EXPECT_EQ(Contar("SELECT COUNT(*) FROM EDI_Envio_Facturas WHERE Codigo = 1"), 1);
+  EXPECT_EQ(Contar("SELECT Revision FROM EDI_Envio_Facturas WHERE Codigo = 1"), 1);
+  EXPECT_EQ(Contar("SELECT COUNT(*) FROM EDI_Envio_Facturas WHERE Codigo = 2"), 1);
+}
+
+TEST_F(Firma, ATicketGoesByItsOwnKey) {
+  base->Run(R"(
+INSERT INTO TPV_Tickets (Cod_Empresa, Cod_Almacen, Caja, Fecha, Codigo, Total) VALUES (1, 5, 12, '20/02/2024', 77, 10);
+INSERT INTO TPV_Tickets_Factura (Cod_Empresa, Cod_Almacen, Caja, Fecha, Codigo, Factura_Serie, Factura_Codigo, Factura_TipoDoc, Factura_Fecha, Factura_Almacen, Cliente, Hora) VALUES (1, 5, 12, '20/02/2024', 77, 9, 700, 0, '21/02/2024', 5, 100, '20/02/2024 10:00:00');
+)");
+  Preparar();
+  for (const int vez : {0, 1}) {
+    Enviar(700);
+    EXPECT_EQ(UltimoAviso(), kExito);
+    EXPECT_EQ(Contar("SELECT COUNT(*) FROM EDI_Envio_Facturas WHERE Cod_Empresa_FT = 1"
+                     " AND Cod_Almacen_FT = 5 AND Caja_FT = 12 AND Fecha_FT = '20/02/2024'"
+                     " AND Codigo_FT = 77 AND Cod_Empresa IS NULL AND EDIFichero = '" +
+                     std::string(kLoteTicket) + ".xsig' AND Revision = " + std::to_string(vez)),
+              1);
+    EXPECT_EQ(Registros(), 1);
+  }
+}
+
+TEST_F(Firma, TheStatementsOfTheRecord) {
+  facturae::EstadoFacturaE estado;
+  estado.identificadorLote = "0123";
+  estado.revisionUsada = 4;
+  const facturae::DatosRegistro datos{"R'1", "T2", " 1/2/2026", {2026, 2, 1}};
+  const std::string valores = ", 1, '0123.xsig', 'R''1 - T2', '01/02/2026', 4)";
+  const facturae::ClaveDocumento factura{2024, 3, 12, 1};
+  EXPECT_EQ(facturae::BorrarEnvios(factura),
+            "DELETE FROM EDI_Envio_Facturas WHERE Cod_Empresa = 1 AND Cod_Ejercicio = 2024"
+            " AND Serie = 3 AND Codigo = 12 AND TipoDoc = 1");
+  EXPECT_EQ(facturae::InsertarEnvio(factura, estado, datos),
+            "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, IdentificadorMsg, Hora,"
+            " Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Copias, EDIFichero,"
+            " EDINumeroRegistro, EDIFechaRegistro, Revision)  VALUES (3 , 1,0123, GETDATE(),"
+            " 1, 2024, 3, 12, 1" +
+                valores);
+  const facturae::ClaveDocumento ticket{0, 0, 0, 0, 1, 5, 12, {2024, 2, 9}, 77};
+  EXPECT_EQ(facturae::BorrarEnvios(ticket),
+            "DELETE FROM EDI_Envio_Facturas WHERE Cod_Empresa_FT = 1   AND Cod_Almacen_FT = 5"
+            "   AND Caja_FT = 12   AND Fecha_FT = '09/02/2024'   AND Codigo_FT = 77");
+  EXPECT_EQ(facturae::InsertarEnvio(ticket, estado, datos),
+            "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, IdentificadorMsg, Hora,"
+            " Cod_Empresa_FT, Cod_Almacen_FT, Caja_FT, Fecha_FT, Codigo_FT, Copias, EDIFichero,"
+            " EDINumeroRegistro, EDIFechaRegistro, Revision)  VALUES (3 , 1,0123, GETDATE(),"
+            " 1, 5, 12, '09/02/2024', 77" +
+                valores);
+}
+
+TEST_F(Firma, AnExportKeepsBothFilesAndRecordsNothing) {
+  const std::string destino = (carpeta / "exportadas").string() + "/";
+  fs::create_directory(destino);
+  Firmador("responde:OK");
+  EXPECT_TRUE(FACTURA_E(100, 2024, 3, 1, 0, 0, 0, 0, {1900, 1, 1}, 0, true, destino, 4));
+  EXPECT_TRUE(fs::exists(destino + kLote + ".xsig"));
+  EXPECT_TRUE(fs::exists(destino + kLote + "_sinFirmar.xml"));
+  EXPECT_NE(observado.entrada.find("<exportar>1</exportar>"), std::string::npos);
+  EXPECT_EQ(Registro(), "");
+  EXPECT_EQ(Registros(), 0);
+  EXPECT_FALSE(fs::exists(envios / "2024"));
+}
+
+/// A second sending, and what must hold after it, however it ended.
+class FirmaConFallos : public Firma {
+ protected:
+  void EnviarConFallo(Fallo& fallo, int operacion) {
+    for (const fs::path& resto : {perfil / "Ormo", envios / "2024", envios / "Temp"}) {
+      fs::remove_all(resto);
+    }
+    base->Run(
+        "DELETE FROM EDI_Envio_Facturas;"
+        "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, Cod_Empresa, Cod_Ejercicio,"
+        " Serie, Codigo, TipoDoc) VALUES (2, 1, 1, 2024, 3, 1, 0)");
+    Preparar();
+    fallo.FallarEn(operacion);
+    Enviar(1);
+    Comprobar(fallo.Disparado());
+  }
+
+  void Comprobar(bool fallida) {
+    EXPECT_EQ(UltimoAviso(), fallida ? kFallo : kExito);
+    EXPECT_EQ(Caja().starts_with("modFactura_E:FACTURA_E|"), fallida) << Caja();
+    EXPECT_EQ(Columna(kSeleccion).front(), fallida ? "1" : "0");
+
+    EXPECT_FALSE(fs::exists(Trabajo() / "entrada.xml"));
+    EXPECT_EQ((Registro() + Caja()).find("clave&"), std::string::npos);
+
+    const bool nueva = Contar("SELECT COUNT(*) FROM EDI_Envio_Facturas WHERE Cod_EDIPlat = 3") > 0;
+    const bool firmada = fs::exists(envios / "2024" / (std::string(kLote) + ".xsig"));
+    const bool sinFirmar = fs::exists(envios / "Temp" / (std::string(kLote) + "_sinFirmar.xml"));
+    const bool contada = Caja().find("OK,R123,T456,16/11/2026") != std::string::npos;
+    const bool conforme = Contenido(Trabajo() / "salida.xml").find("OK,R123") != std::string::npos;
+    EXPECT_TRUE(conforme || !nueva) << "recorded without an OK";
+    EXPECT_TRUE(!firmada || nueva || sinFirmar || contada) << Caja();
+    sinRegistro += Registros() == 0 ? 1 : 0;
+    EXPECT_LE(Registros(), 1);
+  }
+
+  int sinRegistro = 0;  ///< sendings after which not even the earlier record is there
+};
+
+TEST_F(FirmaConFallos, NoFileOperationThatFailsLosesAnything) {
+  int k = 0;
+  do {
+    SCOPED_TRACE(++k);
+    EnviarConFallo(observado.fallo, k);
+  } while (observado.fallo.Disparado());
+  EXPECT_GT(k, 15);
+  EXPECT_EQ(sinRegistro, 0);
+}
+
+TEST_F(FirmaConFallos, OnlyTheInsertionCanFailAfterTheEarlierRecordWent) {
+  int k = 1;  // the first statement reads the customer's channel, before there is a document
+  do {
+    SCOPED_TRACE(++k);
+    EnviarConFallo(conexion->fallo, k);
+  } while (conexion->fallo.Disparado());
+  EXPECT_GT(k, 9);
+  EXPECT_EQ(sinRegistro, 1);
+}
+
+}  // namespace
+}  // namespace kvraedi
