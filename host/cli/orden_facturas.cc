@@ -95,8 +95,11 @@ int Enviar(const Argumentos& argumentos, const Salida& salida, PantallaEnvio& pa
   for (const int fila : marcadas) {
     if (!lista.IsSet(fila, kSeleccion)) enviadas.push_back(fila);
   }
-  EscribirEnviadas(lista, enviadas, sesion, salida.resultado);
-  if (!EnvioCorrecto(sesion)) return kRechazado;
+  const bool correcto = EnvioCorrecto(sesion);
+  if (!correcto || !enviadas.empty()) {
+    EscribirEnviadas(lista, enviadas, sesion, salida.resultado);
+  }
+  if (!correcto) return kRechazado;
   if (enviadas.empty()) {
     // A summary goes to one file for all the invoices of the range, and their rows stay as they
     // are.

@@ -238,6 +238,34 @@ void Add(sqlite3* db, std::string_view name, void* data,
 
 }  // namespace
 
+bool MatchesLike(std::string_view text, std::string_view pattern, char escape) {
+  // Where to go on when the rest does not match: behind the last "%", one character further.
+  std::string_view retry_pattern;
+  std::string_view retry_text;
+  bool retry = false;
+  for (;;) {
+    if (pattern.empty() && text.empty()) return true;
+    if (!pattern.empty() && pattern.front() == '%') {
+      pattern.remove_prefix(1);
+      retry = true;
+      retry_pattern = pattern;
+      retry_text = text;
+      continue;
+    }
+    if (!pattern.empty() && !text.empty()) {
+      const bool any = pattern.front() == '_';
+      if (escape != 0 && pattern.front() == escape && pattern.size() > 1) pattern.remove_prefix(1);
+      const Weight wanted = TakeWeight(pattern);
+      const Weight found = TakeWeight(text);
+      if (any || (wanted.letter == found.letter && wanted.accent == found.accent)) continue;
+    }
+    if (!retry || retry_text.empty()) return false;
+    TakeWeight(retry_text);
+    pattern = retry_pattern;
+    text = retry_text;
+  }
+}
+
 int CompareTexts(std::string_view a, std::string_view b) {
   a = WithoutTrailingBlanks(a);
   b = WithoutTrailingBlanks(b);

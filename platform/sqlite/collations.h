@@ -19,6 +19,10 @@ inline constexpr std::string_view kNumberCollation = "KVR_NUMERO";
 int CompareTexts(std::string_view a, std::string_view b);
 int CompareNumberTexts(std::string_view a, std::string_view b);
 
+/// Whether a text has the form of a pattern of LIKE: "%" any characters, "_" one, the character
+/// behind `escape` (0: none) itself. Without regard to case; accents count.
+bool MatchesLike(std::string_view text, std::string_view pattern, char escape);
+
 /// Where a comparison of dates leaves the text that is no date. A collation cannot fail, so the
 /// connection looks here after each step.
 struct DateFault {

@@ -44,6 +44,10 @@ class Marker {
         WordAt(pieces_, 1, "TOP")) {
       ThrowUnsupported("TOP en UPDATE o DELETE");
     }
+    if (WordAt(pieces_, 0, "UPDATE") &&
+        FindWord(pieces_, 1, pieces_.size(), {"FROM"}) != pieces_.size()) {
+      ThrowUnsupported("UPDATE con FROM");
+    }
   }
 
   void MarkWord(std::size_t i) {

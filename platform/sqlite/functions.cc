@@ -101,6 +101,16 @@ void Text(sqlite3_context* context, int, sqlite3_value** values) {
   }
 }
 
+/// like(pattern, text [, escape]), which SQLite calls for the operator LIKE.
+void Like(sqlite3_context* context, int count, sqlite3_value** values) {
+  for (int i = 0; i < count; ++i) {
+    if (sqlite3_value_type(values[i]) == SQLITE_NULL) return;
+  }
+  const std::string_view escape = count == 3 ? TextOf(values[2]) : std::string_view();
+  sqlite3_result_int(context, MatchesLike(TextOf(values[1]), TextOf(values[0]),
+                                          escape.empty() ? '\0' : escape.front()));
+}
+
 using Function = void (*)(sqlite3_context*, int, sqlite3_value**);
 
 void Add(sqlite3* db, const char* name, int arguments, Function function) {
@@ -116,6 +126,8 @@ void AddFunctions(sqlite3* db, Clock clock) {
   Add(db, "ROUND", 1, Round);
   Add(db, "ROUND", 2, Round);
   Add(db, "LEN", 1, Length);
+  Add(db, "LIKE", 2, Like);
+  Add(db, "LIKE", 3, Like);
   Add(db, "kvr_fecha", 1, Date);
   Add(db, "kvr_dia", 1, Day);
   Add(db, "kvr_texto", 1, Text);

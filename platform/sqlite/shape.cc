@@ -24,7 +24,13 @@ StatementKind KindOf(const Token& first) {
   for (const std::string_view word : kDefinitionVerbs) {
     if (IsWord(first, word)) return StatementKind::kDefinition;
   }
-  return IsWord(first, "SET") ? StatementKind::kSetting : StatementKind::kChange;
+  if (IsWord(first, "SET")) return StatementKind::kSetting;
+  for (const char* verb : {"INSERT", "UPDATE", "DELETE"}) {
+    if (IsWord(first, verb)) return StatementKind::kChange;
+  }
+  // Transactions are the connection's own, and SQLite's other verbs are not T-SQL.
+  throw Error(kErrorDatabase, "SQLite",
+              "La base de datos integrada no admite la sentencia " + std::string(first.text));
 }
 
 bool FixesNumbers(std::string_view word) {
@@ -46,8 +52,8 @@ class Reader {
   void Read() {
     Lexer lexer(sql_);
     Token token = lexer.Next();
-    shape_.kind = KindOf(token);
     if (token.kind == TokenKind::kEnd) ThrowNotOne();
+    shape_.kind = KindOf(token);
     if (shape_.kind == StatementKind::kDefinition || shape_.kind == StatementKind::kSetting) return;
     for (; token.kind != TokenKind::kEnd; token = lexer.Next()) Take(token);
     AppendUpTo(ended_ != nullptr ? ended_ : sql_.data() + sql_.size());

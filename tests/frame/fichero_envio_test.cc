@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <fstream>
+
 #include "platform/os/entorno_sistema.h"
 #include "tests/apoyo/fallos.h"
 #include "tests/platform/os/carpeta_temporal.h"
@@ -62,6 +64,28 @@ TEST_F(FicheroEnvioTest, WhateverFailsNothingHalfWrittenStaysUnderTheFinalName) 
     EXPECT_EQ(fs::exists(raiz / "2024/año.txt.parcial"), ultimo) << k;
     EXPECT_EQ(Ficheros("Temp"), 0) << k;
   }
+}
+
+TEST_F(FicheroEnvioTest, ANameThatAnotherProgramIsUsingIsPassedOver) {
+  EntornoSistema reloj;
+  const auto nombrar = [](const FechaHora& sello) { return sello.ToIso() + ".txt"; };
+  const auto otro = [&](const char* carpeta, const std::string& nombre) {
+    std::ofstream((raiz / carpeta) / nombre) << "ajeno";
+    return nombre;
+  };
+  FicheroEnvio primero(reloj, raiz / "Temp", raiz / "2024", nombrar);
+  const FechaHora sello = FechaHora::Parse(primero.Nombre().substr(0, 19)).value();
+  const std::string enTemp = otro("Temp", nombrar(sello.PlusSeconds(1)));
+  const std::string enCopia = otro("2024", nombrar(sello.PlusSeconds(2)) + ".parcial");
+  const std::string enFinal = otro("2024", nombrar(sello.PlusSeconds(3)));
+  {
+    FicheroEnvio segundo(reloj, raiz / "Temp", raiz / "2024", nombrar);
+    EXPECT_EQ(segundo.Nombre(), nombrar(sello.PlusSeconds(4)));
+    EXPECT_EQ(Ficheros("Temp"), 3);
+  }
+  EXPECT_EQ(Contenido(raiz / ("Temp/" + enTemp)), "ajeno");
+  EXPECT_EQ(Contenido(raiz / ("2024/" + enCopia)), "ajeno");
+  EXPECT_EQ(Contenido(raiz / ("2024/" + enFinal)), "ajeno");
 }
 
 }  // namespace

@@ -195,6 +195,25 @@ TEST_P(ConnectionConformance, TheClockIsThePorts) {
             (FechaHora{2024, 6, 5, 7, 8, 9}));
 }
 
+TEST_P(ConnectionConformance, LikeKnowsSpanishLettersWildcardsAndEscapes) {
+  for (const char* name : {"Núñez", "NÚÑEZ e Hijos", "Nunez", "50% más", "a_b"}) {
+    Insert("Nombre", "'" + std::string(name) + "'");
+  }
+  const std::pair<const char*, int> cases[] = {{"'nÚÑ%'", 2},
+                                               {"'%hijos'", 1},
+                                               {"'n_ñez'", 1},
+                                               {"'%%%'", 5},
+                                               {"'50!% m%' ESCAPE '!'", 1},
+                                               {"'a!_b' ESCAPE '!'", 1},
+                                               {"'nunez'", 1},
+                                               {"'x%'", 0},
+                                               {"'%e%h%s'", 1},
+                                               {"''", 0}};
+  for (const auto& [pattern, found] : cases) {
+    EXPECT_EQ(Count("Nombre LIKE " + std::string(pattern)), found) << pattern;
+  }
+}
+
 TEST_P(ConnectionConformance, NumbersFindTextsByValue) {
   for (const char* text : {"00004711", "4711", "47110", "4711x", "12.50"}) {
     Insert("Doc_Num", "'" + std::string(text) + "'");
