@@ -119,9 +119,11 @@ std::string FechaHora::ToIso() const {
 }
 
 FechaHora FechaHora::PlusSeconds(std::int64_t seconds) const {
-  constexpr std::int64_t kDay = 24 * 60 * 60;
+  constexpr std::int64_t kHour = 3600;
+  constexpr std::int64_t kMinute = 60;
+  constexpr std::int64_t kDay = 24 * kHour;
   const std::int64_t total =
-      DayNumber(year, month, day) * kDay + hour * 3600 + minute * 60 + second + seconds;
+      DayNumber(year, month, day) * kDay + hour * kHour + minute * kMinute + second + seconds;
   if (total < 0 || total >= DayNumber(10000, 1, 1) * kDay) ThrowOverflow();
   Parts parts = FromDayNumber(total / kDay);
   const int time = static_cast<int>(total % kDay);

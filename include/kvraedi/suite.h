@@ -25,7 +25,7 @@ struct LugarPostal {
 /// An element of an XML document: a small handle, valid until its document is started afresh,
 /// loaded or destroyed.
 struct NodoXml {
-  std::uintptr_t id = 0;
+  void* id = nullptr;
 };
 
 /// Who may read a file that is saved.

@@ -12,11 +12,11 @@ constexpr std::string_view kDeclaracion = "<?xml version=\"1.0\" encoding=\"UTF-
 constexpr std::size_t kBloque = std::size_t{64} * 1024;
 
 NodoXml Asa(pugi::xml_node nodo) {
-  return {reinterpret_cast<std::uintptr_t>(nodo.internal_object())};
+  return {nodo.internal_object()};
 }
 
 pugi::xml_node Nodo(NodoXml asa) {
-  return pugi::xml_node(reinterpret_cast<pugi::xml_node_struct*>(asa.id));
+  return pugi::xml_node(static_cast<pugi::xml_node_struct*>(asa.id));
 }
 
 /// Collects the library's small pieces into blocks.
