@@ -11,9 +11,7 @@ namespace {
 constexpr std::string_view kDeclaracion = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
 constexpr std::size_t kBloque = std::size_t{64} * 1024;
 
-NodoXml Asa(pugi::xml_node nodo) {
-  return {nodo.internal_object()};
-}
+NodoXml Asa(pugi::xml_node nodo) { return {nodo.internal_object()}; }
 
 pugi::xml_node Nodo(NodoXml asa) {
   return pugi::xml_node(static_cast<pugi::xml_node_struct*>(asa.id));
