@@ -66,4 +66,25 @@ Escrito1252 Escribir1252(std::string_view utf8, std::span<char> destino) {
   return {used, true};
 }
 
+std::string Leer1252(std::string_view bytes) {
+  std::string utf8;
+  utf8.reserve(bytes.size());
+  for (const char byte : bytes) {
+    char32_t character = Byte(byte);
+    if (character < 0x80) {
+      utf8 += byte;
+      continue;
+    }
+    if (character < 0xA0 && kHigh[character - 0x80] != 0) character = kHigh[character - 0x80];
+    if (character >= 0x800) {
+      utf8 += static_cast<char>(0xE0U | (character >> 12U));
+      utf8 += static_cast<char>(0x80U | ((character >> 6U) & 0x3FU));
+    } else {
+      utf8 += static_cast<char>(0xC0U | (character >> 6U));
+    }
+    utf8 += static_cast<char>(0x80U | (character & 0x3FU));
+  }
+  return utf8;
+}
+
 }  // namespace kvraedi

@@ -2,6 +2,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace kvraedi {
@@ -15,5 +16,9 @@ struct Escrito1252 {
 /// as there is room. CR, LF and TAB become blanks; a character that the code page lacks, or bytes
 /// that are not UTF-8, become "?".
 Escrito1252 Escribir1252(std::string_view utf8, std::span<char> destino);
+
+/// The UTF-8 text of bytes in code page 1252. A byte that the code page lacks becomes the control
+/// character of its number.
+std::string Leer1252(std::string_view bytes);
 
 }  // namespace kvraedi

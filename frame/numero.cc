@@ -1,6 +1,8 @@
 #include "frame/numero.h"
 
+#include <algorithm>
 #include <cmath>
+#include <string>
 
 namespace kvraedi {
 namespace {
@@ -29,6 +31,19 @@ Currency DesdeUnidades(Entero128 unidades) {
 }
 
 }  // namespace
+
+std::optional<Currency> NumeroRecibido(std::string_view texto) {
+  const auto primero = texto.find_first_not_of(' ');
+  if (primero == std::string_view::npos) return Currency();
+  std::string numero(texto.substr(primero, texto.find_last_not_of(' ') - primero + 1));
+  std::replace(numero.begin(), numero.end(), ',', '.');
+  if (numero.find_first_not_of("+-.0123456789") != std::string::npos) return std::nullopt;
+  try {
+    return Currency::Parse(numero);
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
 
 Currency Producto(Currency a, Currency b) {
   return DesdeUnidades(Dividir(Multiplicar(a.Units(), b.Units()), Currency::kScale));

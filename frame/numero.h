@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cstdint>
 #include <limits>
+#include <optional>
 #include <string_view>
 
 #include "kvraedi/error.h"
@@ -37,6 +38,10 @@ To Estrechar(From valor) {
   }
   return static_cast<To>(valor);
 }
+
+/// A number of a received file: digits with a sign before them and a point or a comma among them,
+/// blanks around; all blank is 0. Nothing when the text is anything else or does not fit.
+std::optional<Currency> NumeroRecibido(std::string_view texto);
 
 /// Reads a whole number; raises "No coinciden los tipos" or "Desbordamiento".
 template <class T>

@@ -11,9 +11,14 @@ Recordset::~Recordset() = default;
 Connection::~Connection() = default;
 Empresa::~Empresa() = default;
 FileWriter::~FileWriter() = default;
+FileReader::~FileReader() = default;
 Entorno::~Entorno() = default;
 Suite::~Suite() = default;
 DocumentoXml::~DocumentoXml() = default;
+FicheroLog::~FicheroLog() = default;
+Impresora::~Impresora() = default;
+ImpresionFactura::~ImpresionFactura() = default;
+Informe::~Informe() = default;
 
 namespace {
 

@@ -1,51 +1,15 @@
 #include "host/cli/argumentos.h"
 
 #include <array>
-#include <limits>
 #include <string_view>
 
-#include "host/cli/fallo.h"
-#include "host/cli/numeros.h"
+#include "host/cli/valores.h"
 #include "host/demo/crear_demo.h"
 
 namespace kvraedi::cli {
 namespace {
 
 constexpr std::string_view kEsquemaSqlite = "sqlite:";
-
-[[noreturn]] void SeEsperaba(const std::string& que, const std::string& valor) {
-  throw Fallo(kUsoErroneo, "se esperaba " + que + ", no «" + valor + "»");
-}
-
-template <class T>
-T EnteroEntre(const std::string& valor, T minimo, T maximo) {
-  const auto numero = Entero<T>(valor);
-  if (!numero || *numero < minimo || *numero > maximo) {
-    SeEsperaba("un número entero de " + std::to_string(minimo) + " a " + std::to_string(maximo),
-               valor);
-  }
-  return *numero;
-}
-
-template <class T>
-T EnteroDesde(const std::string& valor, T minimo) {
-  return EnteroEntre<T>(valor, minimo, std::numeric_limits<T>::max());
-}
-
-template <std::size_t N>
-int Eleccion(const std::string& valor, const std::array<std::string_view, N>& opciones) {
-  std::string lista;
-  for (std::size_t i = 0; i < N; ++i) {
-    if (valor == opciones[i]) return static_cast<int>(i);
-    lista.append(i == 0 ? "" : i + 1 == N ? " o " : ", ").append(opciones[i]);
-  }
-  SeEsperaba(lista, valor);
-}
-
-std::string NoVacio(const std::string& valor) {
-  if (valor.empty()) SeEsperaba("un texto", valor);
-  return valor;
-}
 
 void PonerConexion(Argumentos& argumentos, const std::string& valor) {
   if (!valor.starts_with(kEsquemaSqlite) || valor.size() == kEsquemaSqlite.size()) {

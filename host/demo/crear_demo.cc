@@ -105,7 +105,9 @@ fs::path CrearDemo(const OpcionesDemo& opciones, const Progreso& progreso) {
     sqlite.durability = Durability::kNone;
     SqliteConnection conexion(Utf8(nueva), sqlite);
     conexion.BeginTrans();
-    conexion.Run(kEsquema);
+    for (const auto esquema : {kEsquema, kEsquemaPedidos, kEsquemaRecepcion}) {
+      conexion.Run(esquema);
+    }
     conexion.Run(kFunciones);
     Llenar(conexion, opciones, progreso);
     conexion.CommitTrans();

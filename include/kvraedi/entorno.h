@@ -3,8 +3,10 @@
 #include <cstdint>
 #include <filesystem>
 #include <memory>
+#include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "kvraedi/export.h"
 #include "kvraedi/valor.h"
@@ -27,6 +29,15 @@ class KVRAEDI_API FileWriter {
   virtual void Close() = 0;
 };
 
+/// A file being read, from its beginning. Destroying it closes it.
+class KVRAEDI_API FileReader {
+ public:
+  virtual ~FileReader();
+  /// Fills the block as far as the file goes; gives back the bytes read, 0 at the end. Raises
+  /// kErrorFile.
+  virtual std::size_t Read(std::span<char> block) = 0;
+};
+
 /// The machine around the component: clock, names, settings and files. All access to files goes
 /// through it. Paths are native; operations raise kErrorFile with a Spanish text that names the
 /// path. One thread.
@@ -42,6 +53,8 @@ class KVRAEDI_API Entorno {
   /// A new text that no other message carries, 40 characters at most.
   virtual std::string NewMessageId() = 0;
   virtual std::string TerminalName() = 0;
+  /// Milliseconds since the machine started; wraps around and may then be negative.
+  virtual std::int32_t TickCount() = 0;
   virtual RegionalSettings Region() = 0;
   /// The folder where the component stands.
   virtual std::filesystem::path ComponentFolder() = 0;
@@ -61,6 +74,12 @@ class KVRAEDI_API Entorno {
   virtual std::unique_ptr<FileWriter> CreatePrivate(const std::filesystem::path& file) = 0;
   /// All bytes of the file.
   virtual std::string ReadFile(const std::filesystem::path& file) = 0;
+  /// An existing file, read block by block.
+  virtual std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) = 0;
+  /// Names, without folder, of the plain files of a folder that end in `ending` (".dat"), without
+  /// regard to case, in the order of the file system; a snapshot.
+  virtual std::vector<std::string> ListFiles(const std::filesystem::path& folder,
+                                             std::string_view ending) = 0;
   /// A new empty file; null when the name is in use. No two programs get the same one.
   virtual std::unique_ptr<FileWriter> CreateNew(const std::filesystem::path& file) = 0;
   /// The file with what it holds kept, written at its end; made when it is not there.
@@ -93,6 +112,7 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
   FechaHora FileStamp() override { return target_.FileStamp(); }
   std::string NewMessageId() override { return target_.NewMessageId(); }
   std::string TerminalName() override { return target_.TerminalName(); }
+  std::int32_t TickCount() override { return target_.TickCount(); }
   RegionalSettings Region() override { return target_.Region(); }
   std::filesystem::path ComponentFolder() override { return target_.ComponentFolder(); }
   std::filesystem::path DriveRoot() override { return target_.DriveRoot(); }
@@ -110,6 +130,13 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
   }
   std::string ReadFile(const std::filesystem::path& file) override {
     return target_.ReadFile(file);
+  }
+  std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) override {
+    return target_.OpenForReading(file);
+  }
+  std::vector<std::string> ListFiles(const std::filesystem::path& folder,
+                                     std::string_view ending) override {
+    return target_.ListFiles(folder, ending);
   }
   std::unique_ptr<FileWriter> CreateNew(const std::filesystem::path& file) override {
     return target_.CreateNew(file);

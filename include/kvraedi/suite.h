@@ -11,6 +11,9 @@
 #include "kvraedi/empresa.h"
 #include "kvraedi/entorno.h"
 #include "kvraedi/export.h"
+#include "kvraedi/fichero_log.h"
+#include "kvraedi/impresion.h"
+#include "kvraedi/informe.h"
 #include "kvraedi/ui/controls.h"
 
 namespace kvraedi {
@@ -75,6 +78,24 @@ class KVRAEDI_API Suite {
                                                         std::int32_t codigo) = 0;
   /// A new, empty XML document builder; `entorno`, which must outlive it, saves and loads.
   virtual std::unique_ptr<DocumentoXml> NuevoDocumentoXml(Entorno& entorno) = 0;
+  /// Opens a log file, made when it is not there. `entorno` must outlive the log. Raises `Error`.
+  virtual std::unique_ptr<FicheroLog> AbrirLog(Entorno& entorno,
+                                               const std::filesystem::path& fichero) = 0;
+  /// The value of a key in a section of a settings file, without blanks around it; nothing when the
+  /// file, the section or the key is missing. Names are compared without regard to case. Raises
+  /// `Error` when the file cannot be read.
+  virtual std::optional<std::string> LeerIni(Entorno& entorno, const std::filesystem::path& fichero,
+                                             std::string_view seccion, std::string_view clave) = 0;
+  /// Printing of invoices of a company. `entorno` must outlive the result. Raises `Error`.
+  virtual std::unique_ptr<ImpresionFactura> NuevaImpresionFactura(
+      Entorno& entorno, std::shared_ptr<Connection> conexion, std::shared_ptr<Empresa> empresa) = 0;
+  /// Opens a report file; its tables are read through the connection. `entorno` must outlive the
+  /// result. Raises `Error`.
+  virtual std::unique_ptr<Informe> AbrirInforme(Entorno& entorno,
+                                                std::shared_ptr<Connection> conexion,
+                                                const std::filesystem::path& fichero) = 0;
+  /// What puts documents on paper; raises `Error` when this installation has none.
+  virtual Impresora& ImpresoraActual() = 0;
 };
 
 }  // namespace kvraedi

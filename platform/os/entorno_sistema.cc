@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdlib>
 #include <ctime>
 #include <system_error>
@@ -66,6 +67,13 @@ std::string EntornoSistema::TerminalName() {
   return nombre.data();
 }
 
+std::int32_t EntornoSistema::TickCount() {
+  using std::chrono::milliseconds;
+  const auto desdeElArranque = std::chrono::steady_clock::now().time_since_epoch();
+  const auto cuenta = std::chrono::duration_cast<milliseconds>(desdeElArranque).count();
+  return static_cast<std::int32_t>(static_cast<std::uint32_t>(cuenta));
+}
+
 RegionalSettings EntornoSistema::Region() { return opciones_.region; }
 
 std::filesystem::path EntornoSistema::DriveRoot() {
@@ -109,6 +117,15 @@ std::unique_ptr<FileWriter> EntornoSistema::CreatePrivate(const std::filesystem:
 
 std::string EntornoSistema::ReadFile(const std::filesystem::path& file) {
   return os::LeerFichero(file);
+}
+
+std::unique_ptr<FileReader> EntornoSistema::OpenForReading(const std::filesystem::path& file) {
+  return os::AbrirParaLeer(file);
+}
+
+std::vector<std::string> EntornoSistema::ListFiles(const std::filesystem::path& folder,
+                                                   std::string_view ending) {
+  return os::ListarFicheros(folder, ending);
 }
 
 std::unique_ptr<FileWriter> EntornoSistema::CreateNew(const std::filesystem::path& file) {

@@ -31,6 +31,7 @@ class EntornoSistema : public Entorno {
   FechaHora FileStamp() override;
   std::string NewMessageId() override;
   std::string TerminalName() override;
+  std::int32_t TickCount() override;
   RegionalSettings Region() override;
   std::filesystem::path ComponentFolder() override;
   std::filesystem::path DriveRoot() override;
@@ -42,6 +43,9 @@ class EntornoSistema : public Entorno {
   std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) override;
   std::unique_ptr<FileWriter> CreatePrivate(const std::filesystem::path& file) override;
   std::string ReadFile(const std::filesystem::path& file) override;
+  std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) override;
+  std::vector<std::string> ListFiles(const std::filesystem::path& folder,
+                                     std::string_view ending) override;
   std::unique_ptr<FileWriter> CreateNew(const std::filesystem::path& file) override;
   std::unique_ptr<FileWriter> Append(const std::filesystem::path& file) override;
   void Copy(const std::filesystem::path& from, const std::filesystem::path& to) override;

@@ -4,11 +4,13 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
 #include <string>
 #include <string_view>
+#include <system_error>
 #include <utility>
 
 #include "kvraedi/error.h"
@@ -92,6 +94,30 @@ class EscritorPosix : public FileWriter {
  private:
   Descriptor fichero_;
 };
+
+class LectorPosix : public FileReader {
+ public:
+  explicit LectorPosix(const fs::path& ruta) : fichero_(ruta, O_RDONLY, "No se puede leer") {
+    if (S_ISDIR(fichero_.Estado().st_mode)) FalloSistema("No se puede leer", ruta, EISDIR);
+  }
+  std::size_t Read(std::span<char> block) override {
+    return fichero_.Leer(block.data(), block.size());
+  }
+
+ private:
+  Descriptor fichero_;
+};
+
+char Minuscula(char letra) {
+  return letra >= 'A' && letra <= 'Z' ? static_cast<char>(letra - 'A' + 'a') : letra;
+}
+
+bool TerminaEn(std::string_view texto, std::string_view final) {
+  return texto.size() >= final.size() &&
+         std::equal(final.begin(), final.end(),
+                    texto.end() - static_cast<std::ptrdiff_t>(final.size()),
+                    [](char a, char b) { return Minuscula(a) == Minuscula(b); });
+}
 
 /// Removes a half-made file unless it was kept. Devices are never removed.
 class FicheroParcial {
@@ -177,6 +203,24 @@ std::string LeerFichero(const fs::path& ruta) {
   }
   bytes.resize(total);
   return bytes;
+}
+
+std::unique_ptr<FileReader> AbrirParaLeer(const fs::path& ruta) {
+  return std::make_unique<LectorPosix>(ruta);
+}
+
+std::vector<std::string> ListarFicheros(const fs::path& carpeta, std::string_view final) {
+  std::vector<std::string> nombres;
+  std::error_code fallo;
+  fs::directory_iterator entrada(carpeta, fallo);
+  for (; !fallo && entrada != fs::directory_iterator(); entrada.increment(fallo)) {
+    std::string nombre = entrada->path().filename().string();
+    if (TerminaEn(nombre, final) && ExisteFichero(entrada->path())) {
+      nombres.push_back(std::move(nombre));
+    }
+  }
+  if (fallo) FalloSistema("No se puede leer la carpeta", carpeta, fallo.value());
+  return nombres;
 }
 
 std::unique_ptr<FileWriter> AbrirAlFinal(const fs::path& ruta) {

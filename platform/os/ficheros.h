@@ -3,6 +3,8 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
+#include <vector>
 
 #include "kvraedi/entorno.h"
 
@@ -17,6 +19,9 @@ void CrearCarpeta(const std::filesystem::path& ruta);
 std::unique_ptr<FileWriter> CrearFichero(const std::filesystem::path& ruta);
 std::unique_ptr<FileWriter> CrearFicheroPrivado(const std::filesystem::path& ruta);
 std::string LeerFichero(const std::filesystem::path& ruta);
+std::unique_ptr<FileReader> AbrirParaLeer(const std::filesystem::path& ruta);
+std::vector<std::string> ListarFicheros(const std::filesystem::path& carpeta,
+                                        std::string_view final);
 std::unique_ptr<FileWriter> CrearSiNoExiste(const std::filesystem::path& ruta);
 std::unique_ptr<FileWriter> AbrirAlFinal(const std::filesystem::path& ruta);
 void CopiarFichero(const std::filesystem::path& origen, const std::filesystem::path& destino);

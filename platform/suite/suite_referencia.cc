@@ -3,6 +3,8 @@
 #include <utility>
 
 #include "platform/suite/documento_pugi.h"
+#include "platform/suite/fichero_ini.h"
+#include "platform/suite/fichero_log_texto.h"
 #include "platform/suite/fuente_cadenas.h"
 #include "platform/suite/fuente_clientes.h"
 
@@ -31,6 +33,35 @@ std::optional<LugarPostal> SuiteReferencia::BuscarCodigoPostal(Connection& conex
 
 std::unique_ptr<DocumentoXml> SuiteReferencia::NuevoDocumentoXml(Entorno& entorno) {
   return std::make_unique<suite::DocumentoPugi>(entorno);
+}
+
+std::unique_ptr<FicheroLog> SuiteReferencia::AbrirLog(Entorno& entorno,
+                                                      const std::filesystem::path& fichero) {
+  return std::make_unique<suite::FicheroLogTexto>(entorno, fichero);
+}
+
+std::optional<std::string> SuiteReferencia::LeerIni(Entorno& entorno,
+                                                    const std::filesystem::path& fichero,
+                                                    std::string_view seccion,
+                                                    std::string_view clave) {
+  return suite::LeerIni(entorno, fichero, seccion, clave);
+}
+
+std::unique_ptr<ImpresionFactura> SuiteReferencia::NuevaImpresionFactura(
+    Entorno& /*entorno*/, std::shared_ptr<Connection> /*conexion*/,
+    std::shared_ptr<Empresa> /*empresa*/) {
+  throw Error(kErrorItemNotFound, "kvraedi", "Esta instalación no puede imprimir facturas");
+}
+
+std::unique_ptr<Informe> SuiteReferencia::AbrirInforme(Entorno& /*entorno*/,
+                                                       std::shared_ptr<Connection> /*conexion*/,
+                                                       const std::filesystem::path& /*fichero*/) {
+  throw Error(kErrorItemNotFound, "kvraedi", "Esta instalación no puede abrir informes");
+}
+
+Impresora& SuiteReferencia::ImpresoraActual() {
+  if (impresora_ != nullptr) return *impresora_;
+  throw Error(kErrorItemNotFound, "kvraedi", "Esta instalación no puede imprimir");
 }
 
 }  // namespace kvraedi

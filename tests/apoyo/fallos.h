@@ -58,6 +58,15 @@ class EntornoConFallos : public EntornoWrapper {
     fallo.Paso("No se puede leer");
     return EntornoWrapper::ReadFile(file);
   }
+  std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) override {
+    fallo.Paso("No se puede leer");
+    return std::make_unique<Lector>(fallo, EntornoWrapper::OpenForReading(file));
+  }
+  std::vector<std::string> ListFiles(const std::filesystem::path& folder,
+                                     std::string_view ending) override {
+    fallo.Paso("No se puede leer");
+    return EntornoWrapper::ListFiles(folder, ending);
+  }
   std::unique_ptr<FileWriter> CreateNew(const std::filesystem::path& file) override {
     fallo.Paso("No queda espacio");
     auto real = EntornoWrapper::CreateNew(file);
@@ -92,6 +101,20 @@ class EntornoConFallos : public EntornoWrapper {
   }
 
  private:
+  class Lector : public FileReader {
+   public:
+    Lector(Fallo& fallo, std::unique_ptr<FileReader> real)
+        : fallo_(fallo), real_(std::move(real)) {}
+    std::size_t Read(std::span<char> block) override {
+      fallo_.Paso("No se puede leer");
+      return real_->Read(block);
+    }
+
+   private:
+    Fallo& fallo_;
+    std::unique_ptr<FileReader> real_;
+  };
+
   class Escritor : public FileWriter {
    public:
     Escritor(Fallo& fallo, std::unique_ptr<FileWriter> real)
