@@ -33,8 +33,9 @@ std::optional<std::string> LeerIni(Entorno& entorno, const std::filesystem::path
   if (resto.starts_with(kMarcaUtf8)) resto.remove_prefix(kMarcaUtf8.size());
   bool enSeccion = false;
   while (!resto.empty()) {
-    const std::string_view linea = SinBlancos(resto.substr(0, resto.find('\n')));
-    resto.remove_prefix(std::min(resto.size(), resto.find('\n') + 1));
+    const auto fin = std::min(resto.find('\n'), resto.size());
+    const std::string_view linea = SinBlancos(resto.substr(0, fin));
+    resto.remove_prefix(std::min(fin + 1, resto.size()));
     if (linea.starts_with('[') && linea.ends_with(']')) {
       enSeccion = Iguales(SinBlancos(linea.substr(1, linea.size() - 2)), seccion);
       continue;
