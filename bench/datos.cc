@@ -49,6 +49,32 @@ void InsertarFactura(Connection& conexion, int codigo, int lineas) {
   }
 }
 
+constexpr std::string_view kDestino =
+    ", 'Hipermercado Sur', 'C/ Sol, 12', 'Arrecife', 'Las Palmas', '35500', 'ESP', 'A28000000'";
+
+/// A summary invoice: its total is its own, for equal ones would be one message.
+void InsertarResumen(Connection& conexion, int codigo) {
+  conexion.Execute(
+      Sql("INSERT INTO Facturas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Fecha, Hora,"
+          " Cliente, Almacen, TipoFactura, FormaPago, ImporteB, Dto1, Dto2, Impuestos, Total,"
+          " Ent_Nombre, Ent_Direccion, Ent_Localidad, Ent_Provincia, Ent_Cp, Ent_Pais, Ent_Nif,"
+          " Ent_Telefono, Ent_Fax, Ent_Contacto) VALUES (1, ",
+          kEjercicio, ", 1, ", codigo, ", 0, '15/05/2026', '15/05/2026 10:45:30', ", kCliente,
+          ", 5, 2, 5, 100, 1.5, 2, 7, ", codigo, kDestino, ", '928000000', '928000001', 'Ana')"));
+  for (int i = 0; i < kAlbaranesPorFactura; ++i) {
+    const std::string clave = Sql("1, ", kEjercicio, ", 1, ", codigo * kAlbaranesPorFactura + i);
+    conexion.Execute(
+        Sql("INSERT INTO Albaranes_F (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, Factura_Codigo,"
+            " Fecha, Ent_Nombre, Ent_Direccion, Ent_Localidad, Ent_Provincia, Ent_Cp, Ent_Pais,"
+            " Ent_Nif) VALUES (",
+            clave, ", ", codigo, ", '15/05/2026'", kDestino, ")"));
+    conexion.Execute(
+        Sql("INSERT INTO Albaranes_F_Lineas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, Num_Linea,"
+            " Cod_Articulo, Precio, PvpBase) VALUES (",
+            clave, ", 1, 1001, 1234.5, 1000.25)"));
+  }
+}
+
 constexpr std::string_view kMaestrosFacturae = R"(
 UPDATE Paises SET ISO3Codigo = 'ESP';
 UPDATE Clientes SET Nombre_Comercial = 'Hiper', EDI_Rol_Fiscal = 'L01', EDI_Rol_Receptor = 'L01',
@@ -57,6 +83,34 @@ INSERT INTO EDI_Centros_Administrativos VALUES ('L01', 'Intervención', 'Plaza 1
   'Arrecife', 'Las Palmas', 34, 'Oficina contable');
 INSERT INTO Igic_Tipos VALUES (1, 1, '01/01/2020', '31/12/2099', 7);
 )";
+
+constexpr std::string_view kMaestrosCompras = R"(
+UPDATE Empresas SET Nombre_1 = 'Mayorista, S.L.';
+INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, Direccion, CP, Localidad, EDI_GLN)
+  VALUES (1, 3, 'Norte', 'Muelle, 2', '35002', 'Arucas', '8437000000031');
+INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (1, 20, 'Conservas');
+INSERT INTO Proveedores_GLN VALUES (1, 20, '8412345678901', 1);
+)";
+
+void InsertarPedido(Connection& conexion, int lineas) {
+  conexion.Execute(Sql("INSERT INTO Pedidos_Proveedores VALUES (1, ", lineas,
+                       ", 20, 3, '15/05/2026', '18/05/2026', '20/05/2026', ", lineas, ", 12.5)"));
+  for (int linea = 1; linea <= lineas; ++linea) {
+    conexion.Execute(Sql("INSERT INTO Pedidos_Proveedores_Lineas VALUES (1, ", lineas, ", ", linea,
+                         ", ", linea % kArticulos + 1, ", 'R-1', 'Queso curado de oveja', ",
+                         linea % 96 + 1, ".5, 2, 0.5, 2.3456)"));
+  }
+}
+
+void InsertarEntrada(Connection& conexion, int codigo) {
+  constexpr int kImpuestosPorEntrada = 20;
+  conexion.Execute(Sql("INSERT INTO Entradas VALUES (1, ", kEjercicio, ", 3, ", codigo,
+                       ", '15/05/2026', 20, 1234, 'ALB-000157', 100, 107)"));
+  for (int tipo = 1; tipo <= kImpuestosPorEntrada; ++tipo) {
+    conexion.Execute(Sql("INSERT INTO Entradas_Impuestos VALUES (1, ", kEjercicio, ", 3, ", codigo,
+                         ", ", tipo, ", ", codigo, ".25, 7, 3.1416)"));
+  }
+}
 
 /// A database with the masters and what `llenar` puts in; made once.
 template <class Llenar>
@@ -70,6 +124,7 @@ std::filesystem::path Preparar(const std::filesystem::path& carpeta, const std::
     SqliteConnection conexion(provisional.string(),
                               {.create = true, .durability = Durability::kNone});
     conexion.Run(demo::kEsquema);
+    conexion.Run(demo::kEsquemaPedidos);
     conexion.Run(demo::kFunciones);
     conexion.Run(kMaestros);
     conexion.BeginTrans();
@@ -97,6 +152,43 @@ std::filesystem::path PrepararFacturae(const std::filesystem::path& carpeta) {
     for (const int lineas : {kDiezLineas, kDiezMilLineas}) {
       InsertarFactura(conexion, lineas, lineas);
     }
+  });
+}
+
+std::filesystem::path PrepararCoacsu(const std::filesystem::path& carpeta, int facturas) {
+  return Preparar(carpeta, "coacsu_" + std::to_string(facturas), [&](SqliteConnection& conexion) {
+    for (int codigo = 1; codigo <= facturas; ++codigo) InsertarResumen(conexion, codigo);
+  });
+}
+
+std::filesystem::path PrepararDesadv(const std::filesystem::path& carpeta) {
+  return Preparar(carpeta, "desadv", [](SqliteConnection& conexion) {
+    conexion.Execute("INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathFichRecibir', '.')");
+    conexion.Execute("INSERT INTO Empresas_Parametros VALUES (1, 'UsuarioActual', '1')");
+    conexion.Execute(Sql("INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES"
+                         " (1, 1, 'Central', ",
+                         SqlTexto{kGlnAlmacen}, ")"));
+    for (int codigo = 1; codigo <= kArticulos; ++codigo) {
+      conexion.Execute(Sql("INSERT INTO Articulos VALUES (1, ", codigo, ", 'Queso curado ",
+                           codigo * 7919 % kArticulos, "')"));
+    }
+  });
+}
+
+std::filesystem::path PrepararCompras(const std::filesystem::path& carpeta) {
+  return Preparar(carpeta, "compras", [](SqliteConnection& conexion) {
+    conexion.Run(kMaestrosCompras);
+    for (int codigo = 1; codigo <= kArticulos; ++codigo) {
+      conexion.Execute(Sql("INSERT INTO Articulos VALUES (1, ", codigo, ", 'Queso')"));
+    }
+    for (const int primero : {1, 80001}) {
+      for (int codigo = primero; codigo < primero + 20; ++codigo) {
+        conexion.Execute(Sql("INSERT INTO Articulos_CBarras VALUES (1, ", codigo, ", '84",
+                             codigo + 1000000, "', 1)"));
+      }
+    }
+    for (const int lineas : {kPedidoCorto, kPedidoLargo}) InsertarPedido(conexion, lineas);
+    for (int codigo = 1; codigo <= kEntradas; ++codigo) InsertarEntrada(conexion, codigo);
   });
 }
 

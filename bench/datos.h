@@ -2,6 +2,7 @@
 
 #include <filesystem>
 #include <string>
+#include <string_view>
 
 namespace kvraedi::bench {
 
@@ -27,6 +28,26 @@ std::filesystem::path PrepararInvoic(const std::filesystem::path& carpeta);
 inline constexpr int kDiezLineas = 10;
 inline constexpr int kDiezMilLineas = 10000;
 std::filesystem::path PrepararFacturae(const std::filesystem::path& carpeta);
+
+/// A database with so many summary invoices of the customer, of kAlbaranesPorFactura delivery notes
+/// of one line each, all between the two dates. Made once.
+inline constexpr int kAlbaranesPorFactura = 5;
+inline constexpr std::string_view kDesde = "01/05/2026";
+inline constexpr std::string_view kHasta = "31/05/2026";
+std::filesystem::path PrepararCoacsu(const std::filesystem::path& carpeta, int facturas);
+
+/// A database with a warehouse and kArticulos articles, numbered from 1, and the folders and
+/// settings for despatch advices beside it. Made once.
+inline constexpr int kArticulos = 1000;
+inline constexpr std::string_view kGlnAlmacen = "8430000010017";
+std::filesystem::path PrepararDesadv(const std::filesystem::path& carpeta);
+
+/// A database with two supplier orders, whose codes are their numbers of lines, and kEntradas
+/// receipts of store 3, numbered from 1, of 20 tax rows. Made once.
+inline constexpr int kPedidoCorto = 3000;
+inline constexpr int kPedidoLargo = 30000;
+inline constexpr int kEntradas = 2000;
+std::filesystem::path PrepararCompras(const std::filesystem::path& carpeta);
 
 /// A demo database with so many invoices, made once.
 std::filesystem::path PrepararLista(const std::filesystem::path& carpeta, int facturas);

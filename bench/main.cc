@@ -13,6 +13,11 @@ int main(int argc, char** argv) {
     kvraedi::bench::RegistrarInvoic();
     kvraedi::bench::RegistrarFacturas();
     kvraedi::bench::RegistrarFacturae();
+    kvraedi::bench::RegistrarCoacsu();
+    kvraedi::bench::RegistrarDesadv();
+    kvraedi::bench::RegistrarOrders();
+    kvraedi::bench::RegistrarPedidos();
+    kvraedi::bench::RegistrarRecibidas();
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
     benchmark::RunSpecifiedBenchmarks();

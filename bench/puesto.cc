@@ -36,7 +36,7 @@ Copia::~Copia() {
   fs::remove_all(carpeta_, ignorado);
 }
 
-Puesto::Puesto(const fs::path& base) {
+Puesto::Puesto(const fs::path& base) : entorno_({.unidad = base.parent_path()}) {
   const auto conexion = std::make_shared<SqliteConnection>(base.string());
   InstalarAdaptadores({.entorno = &entorno_, .toolkit = &toolkit, .suite = &suite_});
   PropiedadesSesion sesion;

@@ -58,5 +58,10 @@ void Registrar(const std::string& nombre, std::function<void(benchmark::State&)>
 void RegistrarFacturas();
 void RegistrarInvoic();
 void RegistrarFacturae();
+void RegistrarCoacsu();
+void RegistrarDesadv();
+void RegistrarOrders();
+void RegistrarPedidos();
+void RegistrarRecibidas();
 
 }  // namespace kvraedi::bench

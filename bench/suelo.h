@@ -32,6 +32,7 @@ class SentenciaSuelo {
 
   void Poner(std::initializer_list<int> valores);
   void PonerTexto(int sitio, std::string_view texto);
+  void PonerReal(int sitio, double valor) { sqlite3_bind_double(sentencia_, sitio, valor); }
   /// True while there is a row; at the end the statement is ready for the next use.
   bool Paso();
   void Reiniciar() { sqlite3_reset(sentencia_); }

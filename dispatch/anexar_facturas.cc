@@ -1,3 +1,4 @@
+#include "dispatch/fila_facturae.h"
 #include "dispatch/frmAnexosFactura.h"
 #include "dispatch/frmEnvioFactura.h"
 #include "frame/accion.h"
@@ -6,30 +7,11 @@
 namespace kvraedi {
 namespace {
 
-/// A date that a cell shows.
-FechaHora Fecha(std::string_view celda) {
-  const auto fecha = FechaHora::Parse(celda);
-  if (celda.empty() || !fecha) ThrowTypeMismatch();
-  return *fecha;
-}
-
-DocumentoAnexos DocumentoDe(const ui::Grid& lista, int fila) {
-  const auto corto = [&](int columna) { return Entero<std::int16_t>(lista.Cell(fila, columna)); };
-  const auto largo = [&](int columna) { return Entero<std::int32_t>(lista.Cell(fila, columna)); };
-  DocumentoAnexos documento;
-  documento.tipo = corto(kTipoNum);
-  if (documento.tipo == 0) {
-    documento.ejercicio = corto(kEjercicio);
-    documento.serie = corto(kSerie);
-    documento.codigo = largo(kFactura);
-    documento.tipoDoc = corto(kTipoDoc);
-  } else {
-    documento.almacenFT = corto(kAlmacenFT);
-    documento.cajaFT = corto(kCajaFT);
-    documento.fechaFT = Fecha(lista.Cell(fila, kFechaFT));
-    documento.codigoFT = largo(kCodigoFT);
-  }
-  return documento;
+/// The attachments of an invoice go by its fiscal year, whatever its date.
+facturae::ClaveDocumento DocumentoDe(const ui::Grid& lista, int fila) {
+  facturae::ClaveDocumento clave = ClaveDeFila(lista, fila);
+  if (!clave.EsTicket()) clave.ejercicio = Entero<std::int16_t>(lista.Cell(fila, kEjercicio));
+  return clave;
 }
 
 }  // namespace

@@ -5,14 +5,15 @@
 #include "frame/sql.h"
 
 namespace kvraedi {
+
+using facturae::ClaveDocumento;
+
 namespace {
 
-bool EsTicket(const DocumentoAnexos& documento) { return documento.tipo != 0; }
-
-std::string Condiciones(const DocumentoAnexos& d) {
+std::string Condiciones(const ClaveDocumento& d) {
   const std::int16_t empresa = EmpresaActual().CodigoEmpresa();
   constexpr std::string_view kMensaje = " WHERE Cod_EDIPlat = 3 AND Cod_EDITipoMsg = 1 ";
-  if (EsTicket(d)) {
+  if (d.EsTicket()) {
     return Sql(kMensaje, "   AND Cod_Empresa_FT =", empresa, "   AND Cod_Almacen_FT =", d.almacenFT,
                "   AND Caja_FT =", d.cajaFT, "   AND Fecha_FT =", SqlTexto{FechaTexto(d.fechaFT)},
                "   AND Codigo_FT =", d.codigoFT);
@@ -27,16 +28,16 @@ std::string DeNombre(std::string_view nombre) {
 
 }  // namespace
 
-std::string ConsultaAnexos(const DocumentoAnexos& documento) {
+std::string ConsultaAnexos(const ClaveDocumento& documento) {
   return Sql("SELECT NombreAnexo, DescripcionAnexo FROM EDI_Anexos ", Condiciones(documento));
 }
 
-std::string InsertarAnexo(const DocumentoAnexos& d, std::string_view nombre,
+std::string InsertarAnexo(const ClaveDocumento& d, std::string_view nombre,
                           std::string_view descripcion) {
   const std::int16_t empresa = EmpresaActual().CodigoEmpresa();
   const std::string anexo =
       Sql(", ", SqlTexto{nombre}, ", ", SqlTexto{descripcion}, ",CONVERT(varbinary(MAX),''))");
-  if (EsTicket(d)) {
+  if (d.EsTicket()) {
     return Sql(
         "INSERT INTO EDI_Anexos (Cod_EDIPlat, Cod_EDITipoMsg, Hora, Cod_Empresa_FT,"
         " Cod_Almacen_FT, Caja_FT,"
@@ -54,11 +55,11 @@ std::string InsertarAnexo(const DocumentoAnexos& d, std::string_view nombre,
       empresa, ", ", d.ejercicio, ", ", d.serie, ", ", d.codigo, ", ", d.tipoDoc, anexo);
 }
 
-std::string ConsultaContenido(const DocumentoAnexos& documento, std::string_view nombre) {
+std::string ConsultaContenido(const ClaveDocumento& documento, std::string_view nombre) {
   return Sql("SELECT stream FROM EDI_Anexos ", Condiciones(documento), DeNombre(nombre));
 }
 
-std::string BorrarAnexo(const DocumentoAnexos& documento, std::string_view nombre) {
+std::string BorrarAnexo(const ClaveDocumento& documento, std::string_view nombre) {
   return Sql("DELETE FROM EDI_Anexos ", Condiciones(documento), DeNombre(nombre));
 }
 

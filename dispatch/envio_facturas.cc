@@ -1,111 +1,38 @@
-#include <optional>
-
+#include "dispatch/comprobacion_envio.h"
 #include "dispatch/fila_facturae.h"
 #include "dispatch/frmEnvioFactura.h"
 #include "frame/accion.h"
-#include "frame/avisos.h"
-#include "frame/formato.h"
 #include "frame/modMsgOp.h"
 #include "frame/numero.h"
-#include "frame/sesion.h"
-#include "frame/sql.h"
-#include "kvraedi/error.h"
 #include "seres/modSeres.h"
 
 namespace kvraedi {
 namespace {
 
-void Informar(std::string_view texto) { Avisar(texto, "¡ Atención !", ui::Icon::kInformation); }
-void Exigir(std::string_view texto) { Avisar(texto, "¡ Atención !", ui::Icon::kExclamation); }
-
 constexpr std::int16_t kPlataformaSeres = 2;
-constexpr std::int16_t kPlataformaFacturae = 3;
 constexpr std::int16_t kMensajeInvoic = 1;
 constexpr std::int16_t kMensajeCoacsu = 2;
-constexpr std::int16_t kMensajeFacturae = 1;
-constexpr std::int16_t kClienteEmpresa = 0;
-
-/// How a customer receives invoices.
-struct ConfiguracionEnvio {
-  std::int16_t plataforma = 0;
-  std::int16_t mensaje = 0;
-  std::int16_t tipoCliente = 0;
-};
-
-std::optional<ConfiguracionEnvio> LeerConfiguracion(std::int32_t cliente) {
-  const auto rs =
-      ConexionActual().Open(Sql("SELECT edi.Cod_EDIPlat, edi.Cod_EDITipoMsg, c.Tipo"
-                                " FROM EDI_TipoMsg edi "
-                                " INNER JOIN Clientes c ON c.Cod_EDIPlat_Fra = edi.Cod_EDIPlat"
-                                " AND c.Cod_EDITipoMsg_Fra = edi.Cod_EDITipoMsg"
-                                " INNER JOIN Empresas e ON e.Emp_Clientes = c.Cod_Empresa"
-                                " WHERE c.Codigo = ",
-                                cliente, " AND e.Codigo = ", EmpresaActual().CodigoEmpresa()));
-  if (rs->Eof()) return std::nullopt;
-  return ConfiguracionEnvio{rs->Get<std::int16_t>("Cod_EDIPlat"),
-                            rs->Get<std::int16_t>("Cod_EDITipoMsg"), rs->Get<std::int16_t>("Tipo")};
-}
 
 }  // namespace
 
 void frmEnvioFactura::cmdAceptar_Click() {
   Accion("frmEnvioFactura:cmdAceptar_Click", [&] {
-    if (!EnvioValido()) return;
-    const auto configuracion = LeerConfiguracion(txtCliente.Code());
-    if (!configuracion) {
-      Exigir("Debe definir el tipo de envío para el cliente seleccionado");
-      return;
-    }
-    const auto [plataforma, mensaje, tipoCliente] = *configuracion;
-    if (tipoCliente != kClienteEmpresa) {
-      Informar("El cliente debe ser de tipo Empresa.");
-      txtCliente.SetFocus();
-    } else if (plataforma == kPlataformaSeres && mensaje == kMensajeInvoic) {
+    const auto configuracion = EnvioComprobado();
+    if (!configuracion) return;
+    const auto [plataforma, mensaje] = *configuracion;
+    if (plataforma == kPlataformaSeres && mensaje == kMensajeInvoic) {
       EnviarInvoic();
     } else if (plataforma == kPlataformaSeres && mensaje == kMensajeCoacsu) {
       EnviarCoacsu();
     } else if (plataforma == kPlataformaFacturae && mensaje == kMensajeFacturae) {
       EnviarFacturaE();
     } else if (plataforma == kPlataformaSeres || plataforma == kPlataformaFacturae) {
-      Exigir("Debe definir el tipo de mensaje de envío para el cliente seleccionado");
+      Exigir(kFaltaMensaje);
     } else {
-      Exigir("Debe definir el tipo de plataforma de envío para el cliente seleccionado");
+      Exigir(kFaltaPlataforma);
     }
     MsgOp(false, kMensajeOperacion);
   });
-}
-
-bool frmEnvioFactura::EnvioValido() {
-  if (!txtCliente.Valid()) {
-    Informar("Se esperaba código de cliente.");
-    txtCliente.Clear();
-    txtCliente.SetFocus();
-    return false;
-  }
-  const auto desde = FechaEscrita(txtFechaI.Text());
-  const auto hasta = FechaEscrita(txtFechaF.Text());
-  if (!desde) {
-    Exigir("Se esperaba Fecha Inicial.");
-    txtFechaI.SetFocus();
-  } else if (!hasta) {
-    Exigir("Se esperaba Fecha Final.");
-    txtFechaF.SetFocus();
-  } else if (*hasta < *desde) {
-    Informar("Intervalo de fechas erróneo.");
-    txtFechaF.SetFocus();
-  } else if (!HaySeleccion()) {
-    Exigir("Debe seleccionar al menos una factura");
-  } else {
-    return true;
-  }
-  return false;
-}
-
-bool frmEnvioFactura::HaySeleccion() const {
-  for (int fila = 1; fila < vsDocs.Rows(); ++fila) {
-    if (vsDocs.IsSet(fila, kSeleccion)) return true;
-  }
-  return false;
 }
 
 void frmEnvioFactura::EnviarCoacsu() {
@@ -133,8 +60,7 @@ void frmEnvioFactura::EnviarInvoic() {
 }
 
 void frmEnvioFactura::EnviarFacturaE() {
-  MsgOp(true, "Generando fichero Factura E, por favor espere...");
-  PonerCodigosFacturaE();
+  EmpezarFacturaE();
   EnviarMarcadas([&](int fila) { return GenerarFacturaE(vsDocs, fila, false, "", 0); },
                  "Error al generar la factura: ",
                  "El/los fichero/s de FACTURA E se han generado correctamente.");

@@ -4,6 +4,7 @@
 #include <string>
 #include <string_view>
 
+#include "facturae/documento.h"
 #include "kvraedi/ui/grid.h"
 #include "kvraedi/valor.h"
 
@@ -12,8 +13,12 @@ namespace kvraedi {
 /// The date that a cell shows; anything else raises "No coinciden los tipos".
 FechaHora FechaCelda(std::string_view celda);
 
-/// Sets the issuer codes that every Facturae document of a batch has.
-void PonerCodigosFacturaE();
+/// The document of a row of the invoice list; cells that are no keys raise "No coinciden los tipos"
+/// or "Desbordamiento".
+facturae::ClaveDocumento ClaveDeFila(const ui::Grid& lista, int fila);
+
+/// Begins a batch of Facturae documents: the progress message and the issuer codes of all of them.
+void EmpezarFacturaE();
 
 /// Makes the Facturae document of a row of the invoice list, corrective when the row was sent
 /// before. The last arguments and the result are those of FACTURA_E.

@@ -20,7 +20,7 @@ constexpr std::array<ui::GridColumn, kColumnasAnexo> kColumnas = {{
 
 }  // namespace
 
-frmAnexosFactura::frmAnexosFactura(const DocumentoAnexos& documento)
+frmAnexosFactura::frmAnexosFactura(const facturae::ClaveDocumento& documento)
     : Form("frmAnexosFactura", "Anexos de Factura Electrónica"), documento_(documento) {
   Disponer();
   Escuchar();

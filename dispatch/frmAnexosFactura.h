@@ -8,7 +8,7 @@ namespace kvraedi {
 /// The attachments of one document: the list of them, adding a file, removing and viewing one.
 class frmAnexosFactura : public ui::Form {
  public:
-  explicit frmAnexosFactura(const DocumentoAnexos& documento);
+  explicit frmAnexosFactura(const facturae::ClaveDocumento& documento);
 
   /// Fills the grid.
   void Cargar();
@@ -33,7 +33,7 @@ class frmAnexosFactura : public ui::Form {
   bool AnexoValido();
   void Anexar();
 
-  const DocumentoAnexos documento_;
+  const facturae::ClaveDocumento documento_;
   bool salida_ = false;
   int numeroAnexos_ = 0;
 

@@ -136,7 +136,6 @@ void frmEnvioFactura::Disponer() {
       vsDocs,
       Row({Space(), cmdAceptar, cmdExportar, cmdAnexar, cmdCancelar}),
   }));
-  cmdExportar.SetEnabled(false);
 }
 
 void frmEnvioFactura::Escuchar() {
@@ -150,6 +149,7 @@ void frmEnvioFactura::Escuchar() {
   vsDocs.onClick = [this](int fila, int columna) { vsDocs_Click(fila, columna); };
   chkSelelecion_vsDocs.onClick = [this] { chkSelelecion_vsDocs_Click(); };
   cmdAceptar.onClick = [this] { cmdAceptar_Click(); };
+  cmdExportar.onClick = [this] { cmdExportar_Click(); };
   cmdAnexar.onClick = [this] { cmdAnexar_Click(); };
   cmdCancelar.onClick = [this] { Unload(); };
 }

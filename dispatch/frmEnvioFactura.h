@@ -1,8 +1,11 @@
 #pragma once
 
+#include <filesystem>
 #include <functional>
+#include <optional>
 #include <string_view>
 
+#include "dispatch/comprobacion_envio.h"
 #include "dispatch/consulta_facturas.h"
 #include "kvraedi/conexion.h"
 #include "kvraedi/ui/form.h"
@@ -34,7 +37,8 @@ enum ColumnaFactura : int {
   kColumnasFactura
 };
 
-/// The list of issued invoices and ticket invoices: filters, selection, exclusion, sending.
+/// The list of issued invoices and ticket invoices: filters, selection, exclusion, sending and
+/// exporting.
 class frmEnvioFactura : public ui::Form {
  public:
   frmEnvioFactura();
@@ -60,15 +64,25 @@ class frmEnvioFactura : public ui::Form {
   void AlternarExclusion(int fila);
   void chkSelelecion_vsDocs_Click();
 
+  // What sending and exporting ask for first: the user is told what is missing
+  std::optional<ConfiguracionEnvio> EnvioComprobado();
+  bool FiltroDeEnvioValido();
+  bool HaySeleccion() const;
+
   // Sending
   void cmdAceptar_Click();
-  bool EnvioValido();
-  bool HaySeleccion() const;
   void EnviarInvoic();
   void EnviarFacturaE();
   void EnviarMarcadas(const std::function<bool(int fila)>& enviar, std::string_view fallo,
                       std::string_view exito);
   void EnviarCoacsu();
+
+  // Exporting
+  void cmdExportar_Click();
+  bool RevisionConfirmada();
+  std::filesystem::path PedirCarpeta();
+  void ExportarMarcadas(const std::filesystem::path& carpeta);
+  bool ExportarFila(int fila, const std::filesystem::path& carpeta);
 
   // Attachments
   void cmdAnexar_Click();

@@ -8,7 +8,10 @@
 #include "facturae/registro_envio.h"
 #include "frame/accion.h"
 #include "frame/avisos.h"
+#include "frame/carpeta_anexos.h"
+#include "frame/fichero_provisional.h"
 #include "frame/puertos.h"
+#include "frame/ruta.h"
 #include "frame/sesion.h"
 #include "kvraedi/error.h"
 
@@ -46,6 +49,13 @@ Carpetas PrepararCarpetas(const Encargo& encargo) {
   return carpetas;
 }
 
+/// The document gets its name when it is whole.
+void GuardarDocumento(DocumentoXml& xml, const fs::path& fichero) {
+  FicheroProvisional provisional(EntornoActual(), RutaParcial(fichero));
+  xml.Guardar(provisional.Ruta());
+  provisional.Publicar(fichero);
+}
+
 /// Records the sending that the answer confirms. What can be wrong with the answer shows before
 /// anything is deleted.
 void RegistrarEnvio(const ClaveDocumento& clave, const RespuestaFirma& respuesta,
@@ -75,12 +85,17 @@ bool AtenderRespuesta(const Encargo& encargo, const RespuestaFirma& respuesta,
 
 bool Generar(const Encargo& encargo) {
   const Carpetas carpetas = PrepararCarpetas(encargo);
-  const fs::path trabajo = facturae::CarpetaAnexos().parent_path();
+  CarpetaAnexos anexos(EntornoActual());
+  anexos.Crear();
+  const fs::path trabajo = anexos.Ruta().parent_path();
   auto& estado = facturae::Estado();
   const auto xml = SuiteActual().NuevoDocumentoXml(EntornoActual());
   facturae::ConstruirDocumento(estado, *xml, encargo.cliente, encargo.clave, encargo.revision);
+  if (estado.identificadorLote.empty()) {  // nothing of it may be signed, let alone delivered
+    throw Error(kErrorItemNotFound, "modFactura_E", "La factura no está en la base de datos");
+  }
   const fs::path sinFirmar = carpetas.sinFirmar / (estado.identificadorLote + "_sinFirmar.xml");
-  xml->Guardar(sinFirmar);
+  GuardarDocumento(*xml, sinFirmar);
 
   const auto certificado = facturae::ElegirCertificado(encargo.clave.serie);
   if (certificado.ruta.empty()) {
@@ -114,7 +129,7 @@ bool FACTURA_E(std::int32_t cliente, std::int16_t ejercicio, std::int16_t serie,
                                       {ejercicio, serie, codigo, tipoDoc, tipo, almacenFT, cajaFT,
                                        fechaFT, codigoFT},
                                       exportar,
-                                      std::u8string(rutaExportacion.begin(), rutaExportacion.end()),
+                                      RutaDe(rutaExportacion),
                                       revision});
                 }) &&
          conforme;

@@ -13,12 +13,12 @@ namespace {
 /// What follows the last point of a file name; the whole name when it has none.
 std::string_view Extension(std::string_view nombre) { return nombre.substr(nombre.rfind('.') + 1); }
 
-void GuardarCopia(kvraedi::CarpetaAnexos& carpeta, std::string_view nombre, const Bytes& bytes) {
+void GuardarCopia(CarpetaAnexos& carpeta, std::string_view nombre, const Bytes& bytes) {
   carpeta.Guardar(nombre, {reinterpret_cast<const char*>(bytes.data()), bytes.size()});
 }
 
 /// An attachment: its contents are read back from its local copy.
-void EscribirAnexo(DocumentoXml& xml, NodoXml documentos, kvraedi::CarpetaAnexos& carpeta,
+void EscribirAnexo(DocumentoXml& xml, NodoXml documentos, CarpetaAnexos& carpeta,
                    std::string_view nombre, std::string_view descripcion) {
   const std::string contenido = CodificaBase64(carpeta.Leer(nombre));
   Anadir(xml, xml.Elemento(documentos, "Attachment"),
@@ -33,7 +33,7 @@ void EscribirAnexo(DocumentoXml& xml, NodoXml documentos, kvraedi::CarpetaAnexos
 void EscribirAnexos(DocumentoXml& xml, NodoXml factura, const ClaveDocumento& clave) {
   const auto filas = ConexionActual().Open(ConsultaAnexos(clave, EmpresaActual().CodigoEmpresa()));
   if (filas->Eof()) return;
-  kvraedi::CarpetaAnexos carpeta(EntornoActual());
+  CarpetaAnexos carpeta(EntornoActual());
   const NodoXml documentos =
       xml.Elemento(xml.Elemento(factura, "AdditionalData"), "RelatedDocuments");
   while (!filas->Eof()) {

@@ -2,9 +2,7 @@
 
 #include "facturae/consultas_documento.h"
 #include "facturae/elementos.h"
-#include "frame/carpeta_anexos.h"
 #include "frame/formato.h"
-#include "frame/puertos.h"
 #include "frame/sesion.h"
 
 namespace kvraedi::facturae {
@@ -16,15 +14,14 @@ std::string Cifras(std::int32_t valor, std::string_view patron) {
   return FormatearNumero(Currency::FromInteger(valor), patron);
 }
 
-std::string IdentificadorLote(const ClaveDocumento& clave, std::int16_t empresa,
-                              const Recordset& fila) {
-  if (clave.EsTicket()) {
-    return Cifras(empresa, "00") + Cifras(clave.almacenFT, "000") + Cifras(clave.cajaFT, "00") +
-           FormatearFecha(clave.fechaFT, "ddmmyy") + Cifras(clave.codigoFT, "000000000");
-  }
-  return Cifras(empresa, "00") + std::to_string(clave.ejercicio) +
-         Cifras(clave.codigo, "000000000") + Cifras(fila.Get<std::int16_t>("TipoDoc"), "00") +
-         Cifras(clave.serie, "000");
+std::string Identificador(const std::string& cifras) {
+  return std::string(PrimerosCaracteres(cifras, kAnchoIdentificador));
+}
+
+std::string IdentificadorTicket(std::int16_t empresa, const ClaveDocumento& clave) {
+  return Identificador(Cifras(empresa, "00") + Cifras(clave.almacenFT, "000") +
+                       Cifras(clave.cajaFT, "00") + FormatearFecha(clave.fechaFT, "ddmmyy") +
+                       Cifras(clave.codigoFT, "000000000"));
 }
 
 void VaciarResultados(EstadoFacturaE& estado) {
@@ -42,13 +39,19 @@ EstadoFacturaE& Estado() {
   return estado;
 }
 
+std::string IdentificadorFactura(std::int16_t empresa, const ClaveDocumento& clave) {
+  return Identificador(Cifras(empresa, "00") + std::to_string(clave.ejercicio) +
+                       Cifras(clave.codigo, "000000000") + Cifras(clave.tipoDoc, "00") +
+                       Cifras(clave.serie, "000"));
+}
+
 void CalculaTotalesFacturas(EstadoFacturaE& estado, const ClaveDocumento& clave) {
   VaciarResultados(estado);
   const std::int16_t empresa = EmpresaActual().CodigoEmpresa();
   const auto fila = ConexionActual().Open(ConsultaTotales(clave, empresa));
   if (fila->Eof()) return;
   estado.identificadorLote =
-      PrimerosCaracteres(IdentificadorLote(clave, empresa, *fila), kAnchoIdentificador);
+      clave.EsTicket() ? IdentificadorTicket(empresa, clave) : IdentificadorFactura(empresa, clave);
   estado.numFacturas = fila->Get<std::int32_t>("numFacturas");
   estado.importeLote = Numero(fila->Get<Currency>("total"), kDosDecimales);
 }
@@ -83,12 +86,6 @@ void ConstruirDocumento(EstadoFacturaE& estado, DocumentoXml& xml, std::int32_t 
   const NodoXml raiz = EscribirCabecera(xml, estado);
   CalculaZonaParties(estado, xml, raiz, cliente);
   CalculaZonaInvoices(estado, xml, raiz, clave, revision);
-}
-
-std::filesystem::path CarpetaAnexos() {
-  kvraedi::CarpetaAnexos carpeta(EntornoActual());
-  carpeta.Crear();
-  return carpeta.Ruta();
 }
 
 }  // namespace kvraedi::facturae

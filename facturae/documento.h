@@ -46,6 +46,10 @@ struct EstadoFacturaE {
 /// The one state of the process.
 EstadoFacturaE& Estado();
 
+/// The name of an invoice's files: company, year, number, type and series in one run of digits, 70
+/// characters at most.
+std::string IdentificadorFactura(std::int16_t empresa, const ClaveDocumento& clave);
+
 /// Empties the document's results and computes identifier, count and amount of the batch.
 void CalculaTotalesFacturas(EstadoFacturaE& estado, const ClaveDocumento& clave);
 
@@ -68,8 +72,5 @@ void CalculaDatosFactura(DocumentoXml& xml, NodoXml items, const ClaveDocumento&
 /// The whole document, by the routines above in their order.
 void ConstruirDocumento(EstadoFacturaE& estado, DocumentoXml& xml, std::int32_t cliente,
                         const ClaveDocumento& clave, std::int16_t revision);
-
-/// The user's folder of attachments; the first calls make the missing levels.
-std::filesystem::path CarpetaAnexos();
 
 }  // namespace kvraedi::facturae

@@ -2,6 +2,7 @@
 
 #include "facturae/modFactura_E.h"
 #include "frame/puertos.h"
+#include "frame/ruta.h"
 #include "kvraedi/error.h"
 
 namespace kvraedi::facturae {
@@ -13,11 +14,6 @@ constexpr std::string_view kPolitica =
     "http://www.facturae.es/politica_de_firma_formato_facturae/"
     "politica_de_firma_formato_facturae_v3_1.pdf";
 constexpr std::string_view kHashPolitica = "Ohixl6upD6av8N7pEvDABhEL6hM=";
-
-std::string Texto(const fs::path& ruta) {
-  const std::u8string texto = ruta.u8string();
-  return {texto.begin(), texto.end()};
-}
 
 /// A file that must not be left behind: it goes with the object, unless it was removed before.
 class FicheroSecreto {
@@ -51,8 +47,8 @@ void EscribirPeticion(DocumentoXml& xml, const PeticionFirma& peticion, const fs
   xml.ElementoTexto(entrada, "politica", kPolitica);
   xml.ElementoTexto(entrada, "hashPolitica", kHashPolitica);
   xml.ElementoTexto(entrada, "URIPolitica", kPolitica);
-  xml.ElementoTexto(entrada, "rutaXML", Texto(peticion.documento));
-  xml.ElementoTexto(entrada, "rutaXMLFirmada", Texto(peticion.firmado));
+  xml.ElementoTexto(entrada, "rutaXML", TextoRuta(peticion.documento));
+  xml.ElementoTexto(entrada, "rutaXMLFirmada", TextoRuta(peticion.firmado));
   xml.ElementoTexto(entrada, "rutaCertificado", peticion.certificado.ruta);
   xml.ElementoTexto(entrada, "password", peticion.certificado.password);
   xml.ElementoTexto(entrada, "exportar", peticion.exportar ? "1" : "0");

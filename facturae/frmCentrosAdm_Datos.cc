@@ -8,18 +8,13 @@
 #include "frame/formato.h"
 #include "frame/numero.h"
 #include "frame/puertos.h"
+#include "frame/recortar.h"
 #include "frame/sesion.h"
 
 namespace kvraedi {
 namespace {
 
 constexpr int kAncho = 8000;  // twips
-
-std::string_view Recortar(std::string_view texto) {
-  const auto primero = texto.find_first_not_of(' ');
-  if (primero == std::string_view::npos) return {};
-  return texto.substr(primero, texto.find_last_not_of(' ') - primero + 1);
-}
 
 /// A postal code as a number; 0 when it is none, as those of other countries may be.
 std::int32_t NumeroPostal(std::string_view texto) {
@@ -92,8 +87,7 @@ void frmCentrosAdm_Datos::txtCodigoPostal_KeyPress() {
         txtProvincia.SetText(lugar->provincia);
         cboCod_Pais.SelectText(lugar->pais);
       }
-      txtCodigoPostal.SetText(
-          FormatearNumero(Currency::FromUnits(codigo * Currency::kScale), "00000"));
+      txtCodigoPostal.SetText(FormatearNumero(Currency::FromInteger(codigo), "00000"));
     }
     FocusNext(txtCodigoPostal);
   });

@@ -5,7 +5,6 @@
 #include "frame/puertos.h"
 #include "frame/sesion.h"
 #include "frame/sql.h"
-#include "kvraedi/error.h"
 
 namespace kvraedi::facturae {
 namespace {
@@ -51,9 +50,6 @@ std::string BorrarEnvios(const ClaveDocumento& clave) {
 
 std::string InsertarEnvio(const ClaveDocumento& clave, const EstadoFacturaE& estado,
                           const DatosRegistro& datos) {
-  if (estado.identificadorLote.empty()) {
-    throw Error(kErrorItemNotFound, "modFactura_E", "La factura no está en la base de datos");
-  }
   const std::string numero = datos.registro + " - " + datos.seguimiento;
   return Sql(clave.EsTicket()
                  ? "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, IdentificadorMsg,"

@@ -2,41 +2,13 @@
 
 #include <array>
 
+#include "frame/fichero_provisional.h"
 #include "kvraedi/error.h"
 
 namespace kvraedi {
 namespace {
 
 constexpr std::array<const char*, 3> kNiveles = {"Ormo", "EDI", "DocAnexos"};
-
-/// A file on its way to its final name; it goes when it does not get there.
-class Provisional {
- public:
-  Provisional(Entorno& entorno, std::filesystem::path ruta)
-      : entorno_(entorno), ruta_(std::move(ruta)) {}
-  ~Provisional() {
-    try {
-      if (!ruta_.empty() && entorno_.FileExists(ruta_)) entorno_.Delete(ruta_);
-    } catch (const Error&) {  // what made it useless is the error to tell
-    }
-  }
-  Provisional(const Provisional&) = delete;
-  Provisional& operator=(const Provisional&) = delete;
-
-  void Escribir(std::string_view contenido) {
-    const auto escritor = entorno_.Create(ruta_);
-    escritor->Write(contenido);
-    escritor->Close();
-  }
-  void Publicar(const std::filesystem::path& final) {
-    entorno_.Rename(ruta_, final);
-    ruta_.clear();
-  }
-
- private:
-  Entorno& entorno_;
-  std::filesystem::path ruta_;
-};
 
 }  // namespace
 
@@ -64,8 +36,10 @@ void CarpetaAnexos::Crear() {
 }
 
 void CarpetaAnexos::Guardar(std::string_view nombre, std::string_view contenido) {
-  Provisional provisional(entorno_, carpeta_ / "~anexo.tmp");
-  provisional.Escribir(contenido);
+  FicheroProvisional provisional(entorno_, carpeta_ / "~anexo.tmp");
+  const auto escritor = entorno_.Create(provisional.Ruta());
+  escritor->Write(contenido);
+  escritor->Close();
   provisional.Publicar(carpeta_ / NombreDeFichero(nombre));
 }
 

@@ -45,8 +45,9 @@ char32_t TakeCharacter(std::string_view& text) {
   return character;
 }
 
+bool IsBreak(char c) { return c == '\r' || c == '\n' || c == '\t'; }
+
 char ToByte(char32_t character) {
-  if (character == '\r' || character == '\n' || character == '\t') return ' ';
   if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
     return static_cast<char>(character);
   }
@@ -57,16 +58,24 @@ char ToByte(char32_t character) {
 
 }  // namespace
 
-Escrito1252 Escribir1252(std::string_view utf8, std::span<char> destino) {
+Escrito1252 Escribir1252(std::string_view utf8, std::span<char> destino, Saltos saltos) {
   std::size_t used = 0;
   while (!utf8.empty()) {
     if (used == destino.size()) return {used, false};
-    destino[used++] = ToByte(TakeCharacter(utf8));
+    if (utf8.front() >= ' ' && utf8.front() <= '~') {  // most characters are ASCII
+      destino[used++] = utf8.front();
+      utf8.remove_prefix(1);
+    } else {
+      const char byte = ToByte(TakeCharacter(utf8));
+      destino[used++] = saltos == Saltos::kBlancos && IsBreak(byte) ? ' ' : byte;
+    }
   }
   return {used, true};
 }
 
 std::string Leer1252(std::string_view bytes) {
+  const bool plain = std::all_of(bytes.begin(), bytes.end(), [](char c) { return Byte(c) < 0x80; });
+  if (plain) return std::string(bytes);
   std::string utf8;
   utf8.reserve(bytes.size());
   for (const char byte : bytes) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -12,10 +13,13 @@ struct Escrito1252 {
   bool fits;          ///< false when the text was longer than the room for it
 };
 
+/// What becomes of CR, LF and TAB inside a text.
+enum class Saltos : std::uint8_t { kBlancos, kComoEstan };
+
 /// Writes a UTF-8 text in code page 1252, the code page of every text file of the component, as far
-/// as there is room. CR, LF and TAB become blanks; a character that the code page lacks, or bytes
-/// that are not UTF-8, become "?".
-Escrito1252 Escribir1252(std::string_view utf8, std::span<char> destino);
+/// as there is room. A character that the code page lacks, or bytes that are not UTF-8, become "?".
+Escrito1252 Escribir1252(std::string_view utf8, std::span<char> destino,
+                         Saltos saltos = Saltos::kBlancos);
 
 /// The UTF-8 text of bytes in code page 1252. A byte that the code page lacks becomes the control
 /// character of its number.

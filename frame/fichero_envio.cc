@@ -4,6 +4,7 @@
 #include <optional>
 #include <utility>
 
+#include "frame/fichero_provisional.h"
 #include "kvraedi/error.h"
 
 namespace kvraedi {
@@ -31,19 +32,13 @@ bool FicheroEnvio::Crear(bool sustituir) {
     trabajo_.clear();
     return false;
   }
-  if (!sustituir && (entorno_.FileExists(Copia()) || entorno_.FileExists(final_))) {
+  if (!sustituir && (entorno_.FileExists(RutaParcial(final_)) || entorno_.FileExists(final_))) {
     fichero.reset();
     entorno_.Delete(std::exchange(trabajo_, {}));
     return false;
   }
   escritor_ = std::make_unique<EscritorTexto>(std::move(fichero));
   return true;
-}
-
-std::filesystem::path FicheroEnvio::Copia() const {
-  std::filesystem::path copia = final_;
-  copia += ".parcial";
-  return copia;
 }
 
 FicheroEnvio::~FicheroEnvio() {
@@ -54,7 +49,7 @@ FicheroEnvio::~FicheroEnvio() {
 
 void FicheroEnvio::Preparar() {
   escritor_->Cerrar();
-  copia_ = Copia();
+  copia_ = RutaParcial(final_);
   entorno_.Copy(trabajo_, copia_);
   entorno_.Delete(trabajo_);
   trabajo_.clear();

@@ -38,7 +38,6 @@ class FicheroEnvio {
  private:
   explicit FicheroEnvio(Entorno& entorno) : entorno_(entorno) {}
   bool Crear(bool sustituir);
-  std::filesystem::path Copia() const;
   void Retirar(std::filesystem::path& fichero) noexcept;
 
   Entorno& entorno_;

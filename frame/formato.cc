@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <cmath>
 
 #include "frame/codigo1252.h"
 #include "frame/numero.h"
@@ -105,11 +106,21 @@ struct ValueText {
   std::string operator()(std::int64_t value) const { return std::to_string(value); }
   std::string operator()(double value) const {
     constexpr int kSignificantDigits = 15;
+    constexpr double kSmallest = 1e-10;  // below it, and from 1e15 on, an exponent is written
+    if (value == 0) return "0";          // of either sign
     std::array<char, 40> text{};
-    const auto end = std::to_chars(text.data(), text.data() + text.size(), value,
-                                   std::chars_format::general, kSignificantDigits)
-                         .ptr;
-    return {text.data(), end};
+    char* const last = text.data() + text.size();
+    const auto general = std::chars_format::general;
+    if (std::abs(value) >= 1e-4 || std::abs(value) < kSmallest) {
+      return {text.data(),
+              std::to_chars(text.data(), last, value, general, kSignificantDigits).ptr};
+    }
+    const int zeros = -1 - static_cast<int>(std::floor(std::log10(std::abs(value))));
+    std::string fixed(text.data(), std::to_chars(text.data(), last, value, std::chars_format::fixed,
+                                                 kSignificantDigits + zeros)
+                                       .ptr);
+    fixed.erase(fixed.find_last_not_of('0') + 1);
+    return fixed;
   }
   std::string operator()(Currency value) const {
     std::string text = FormatearNumero(value, "0.0000");

@@ -32,6 +32,7 @@ bool LectorTexto::Siguiente() {
     const auto fin = pendiente_.find('\n');
     const std::string_view trozo = pendiente_.substr(0, fin);
     const bool entera = fin != std::string_view::npos;
+    terminada_ = entera;
     pendiente_.remove_prefix(entera ? fin + 1 : pendiente_.size());
     if (entera && partida_.empty()) {
       linea_ = SinRetorno(trozo);

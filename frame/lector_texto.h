@@ -25,6 +25,9 @@ class LectorTexto {
   /// Number of the line, from 1.
   std::int64_t Numero() const { return numero_; }
 
+  /// False when the file ended without an end for this line.
+  bool Terminada() const { return terminada_; }
+
   static constexpr std::size_t kMasLarga = std::size_t{64} * 1024 * 1024;
 
  private:
@@ -36,6 +39,7 @@ class LectorTexto {
   std::string partida_;         // a line that began in an earlier block
   std::string_view linea_;
   std::int64_t numero_ = 0;
+  bool terminada_ = false;
 };
 
 }  // namespace kvraedi

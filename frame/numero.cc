@@ -4,6 +4,8 @@
 #include <cmath>
 #include <string>
 
+#include "frame/recortar.h"
+
 namespace kvraedi {
 namespace {
 
@@ -32,10 +34,41 @@ Currency DesdeUnidades(Entero128 unidades) {
 
 }  // namespace
 
+namespace {
+
+/// The usual shape: digits with up to four decimals, few enough not to overflow. Nothing when the
+/// text has another one.
+std::optional<Currency> NumeroCorriente(std::string_view texto) {
+  constexpr std::size_t kMasLargo = 14;
+  constexpr std::int64_t kDecimales = 4;
+  const bool negativo = texto.starts_with('-');
+  if (negativo) texto.remove_prefix(1);
+  if (texto.empty() || texto.size() > kMasLargo) return std::nullopt;
+  std::int64_t unidades = 0;
+  std::int64_t decimales = -1;  // before the point
+  for (const char c : texto) {
+    if (c >= '0' && c <= '9') {
+      unidades = unidades * 10 + (c - '0');
+      if (decimales >= 0) ++decimales;
+    } else if ((c == '.' || c == ',') && decimales < 0) {
+      decimales = 0;
+    } else {
+      return std::nullopt;
+    }
+  }
+  const bool completo = decimales != 0 && texto.front() >= '0';
+  if (!completo || decimales > kDecimales) return std::nullopt;
+  for (std::int64_t i = std::max<std::int64_t>(decimales, 0); i < kDecimales; ++i) unidades *= 10;
+  return Currency::FromUnits(negativo ? -unidades : unidades);
+}
+
+}  // namespace
+
 std::optional<Currency> NumeroRecibido(std::string_view texto) {
-  const auto primero = texto.find_first_not_of(' ');
-  if (primero == std::string_view::npos) return Currency();
-  std::string numero(texto.substr(primero, texto.find_last_not_of(' ') - primero + 1));
+  texto = Recortar(texto);
+  if (texto.empty()) return Currency();
+  if (const auto corriente = NumeroCorriente(texto)) return corriente;
+  std::string numero(texto);
   std::replace(numero.begin(), numero.end(), ',', '.');
   if (numero.find_first_not_of("+-.0123456789") != std::string::npos) return std::nullopt;
   try {
@@ -65,7 +98,13 @@ double RedondearAlPar(double valor, int decimales) {
 Currency Redondear(Currency valor, int decimales) {
   std::int64_t paso = 1;
   for (int i = decimales; i < 4; ++i) paso *= 10;
-  return DesdeUnidades(Multiplicar(Dividir(valor.Units(), paso), paso));
+  if (paso == 1) return valor;
+  const std::int64_t resto = valor.Units() % paso;
+  std::int64_t unidades = valor.Units() - resto;
+  const bool arriba = (resto < 0 ? -resto : resto) * 2 >= paso;
+  if (!arriba) return Currency::FromUnits(unidades);
+  if (__builtin_add_overflow(unidades, resto < 0 ? -paso : paso, &unidades)) ThrowOverflow();
+  return Currency::FromUnits(unidades);
 }
 
 Currency ImporteConDescuento(Currency precio, Currency unidades, Currency porcentaje) {

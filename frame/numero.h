@@ -54,4 +54,10 @@ T Entero(std::string_view texto) {
   return valor;
 }
 
+/// The same, where an empty text is 0.
+template <class T>
+T EnteroOCero(std::string_view texto) {
+  return texto.empty() ? T{} : Entero<T>(texto);
+}
+
 }  // namespace kvraedi

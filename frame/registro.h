@@ -43,6 +43,7 @@ class Disposicion {
     throw "no field of that name";
   }
 
+  constexpr std::span<const Campo> Campos() const { return campos_; }
   constexpr std::size_t Ancho() const { return campos_.back().posicion + campos_.back().ancho - 1; }
 
  private:

@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "frame/formato.h"
+#include "frame/ruta.h"
 #include "kvraedi/error.h"
 #include "kvraedi/sesion.h"
 
@@ -37,8 +38,7 @@ std::string ParametroTexto(std::string_view nombre) {
 }
 
 std::filesystem::path ParametroRuta(std::string_view nombre) {
-  const std::string texto = ParametroTexto(nombre);
-  return std::u8string(texto.begin(), texto.end());
+  return RutaDe(ParametroTexto(nombre));
 }
 
 void PropiedadesSesion::EmpresaKestrova(std::shared_ptr<Empresa> empresa) {

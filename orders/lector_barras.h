@@ -29,6 +29,12 @@ class LectorBarras {
   /// The field as a number, 0 when it is blank; raises what Rechazar raises when it is none.
   Currency Numero(std::size_t campo) const;
 
+  /// The text when it has no more characters than that and no control characters; otherwise raises
+  /// what Rechazar raises.
+  std::string_view Texto(std::size_t campo, std::size_t ancho) const;
+
+  /// Where the record stands, for the text of an error: file, line and tag.
+  std::string Lugar() const;
   /// Raises the error of this file: what is wrong, with file, line and field.
   [[noreturn]] void Rechazar(std::size_t campo, std::string_view motivo) const;
 
@@ -36,6 +42,7 @@ class LectorBarras {
   static constexpr std::size_t kMasCampos = 16;
 
  private:
+  bool LeerLinea();
   void Partir(std::string_view linea);
 
   std::string nombre_;

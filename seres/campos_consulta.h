@@ -2,6 +2,7 @@
 
 #include <span>
 #include <string_view>
+#include <vector>
 
 #include "frame/registro.h"
 #include "kvraedi/conexion.h"
@@ -16,5 +17,10 @@ struct CampoConsulta {
 
 /// Copies the columns of the current row into the record; a null leaves its field blank.
 void CopiarCampos(Registro& registro, const Recordset& fila, std::span<const CampoConsulta> campos);
+
+/// The same for many rows: the places of the columns are looked up once.
+std::vector<int> Columnas(const Recordset& filas, std::span<const CampoConsulta> campos);
+void CopiarCampos(Registro& registro, const Recordset& fila, std::span<const CampoConsulta> campos,
+                  std::span<const int> columnas);
 
 }  // namespace kvraedi

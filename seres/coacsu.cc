@@ -17,7 +17,7 @@ bool GenerarMensajeCoacsu(const coacsu::Seleccion& seleccion, const Recordset& r
   return Accion("clsSeres:GenerarMensajeCoacsu", [&] {
     coacsu::EscribirCabecera(fichero, resumen, EntornoActual().Now());
     const auto lineas = ConexionActual().Open(coacsu::ConsultaAlbaranes(seleccion));
-    for (; !lineas->Eof(); lineas->MoveNext()) coacsu::EscribirAlbaran(fichero, *lineas);
+    coacsu::EscribirAlbaranes(fichero, *lineas);
   });
 }
 
@@ -32,8 +32,9 @@ bool ProcesarFacturasCoacsu(std::int16_t cliente, const std::string& fechaInicia
     const auto resumen = ConexionActual().Open(coacsu::ConsultaResumen(seleccion));
     EscritorTexto fichero(entorno.Append(entorno.DriveRoot() / kFichero));
     coacsu::EscribirRectl(fichero, entorno.Now());
-    for (; generados && !resumen->Eof(); resumen->MoveNext()) {
+    for (; !resumen->Eof(); resumen->MoveNext()) {
       generados = GenerarMensajeCoacsu(seleccion, *resumen, fichero);
+      if (!generados) break;
     }
     fichero.Cerrar();
   });

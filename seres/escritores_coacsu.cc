@@ -4,6 +4,7 @@
 #include <array>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "frame/formato.h"
 #include "seres/campos_consulta.h"
@@ -55,11 +56,13 @@ std::optional<std::string_view> CodigoMedioPago(const Recordset& resumen) {
   return medio->codigo;
 }
 
-std::string Importe(const Recordset& fila, std::string_view columna, char decimal) {
+template <class Columna>
+std::string Importe(const Recordset& fila, Columna columna, char decimal) {
   return FormatearNumero(fila.Get<Currency>(columna), "0.000", decimal);
 }
 
-std::string Dia(const Recordset& fila, std::string_view columna) {
+template <class Columna>
+std::string Dia(const Recordset& fila, Columna columna) {
   return FormatearFecha(fila.Get<FechaHora>(columna), kFecha);
 }
 
@@ -113,6 +116,48 @@ void EscribirScoad(EscritorTexto& fichero, const Recordset& resumen) {
   fichero.Linea(registro.Linea());
 }
 
+/// The three records of a delivery line, written anew for every row: the places of the columns and
+/// the fields that never change are set once.
+class Albaran {
+ public:
+  explicit Albaran(const Recordset& lineas);
+  void Escribir(EscritorTexto& fichero);
+
+ private:
+  const Recordset& lineas_;
+  int numero_, fecha_, precio_, pvpBase_;
+  std::vector<int> entrega_;
+  Registro scoal_{kScoal};
+  Registro scoaq_{kScoaq};
+  Registro scoaa_{kScoaa};
+};
+
+Albaran::Albaran(const Recordset& lineas)
+    : lineas_(lineas),
+      numero_(lineas.Field("NumDocumento")),
+      fecha_(lineas.Field("Fecha")),
+      precio_(lineas.Field("Precio")),
+      pvpBase_(lineas.Field("PvpBase")),
+      entrega_(Columnas(lineas, kEntrega)) {
+  scoal_.Texto(kScoal["Tag"], "SCOAL");
+  scoal_.Texto(kScoal["Clase"], "351");
+  scoaq_.Texto(kScoaq["Tag"], "SCOAQ");
+  scoaq_.Texto(kScoaq["Calificador"], "IV");
+  scoaq_.Texto(kScoaq["Agencia"], "9");
+  scoaa_.Texto(kScoaa["Tag"], "SCOAA");
+  scoaa_.Texto(kScoaa["Clase"], "1");
+  scoaa_.Texto(kScoaa["Calificador"], "165");
+}
+
+void Albaran::Escribir(EscritorTexto& fichero) {
+  scoal_.Numero(kScoal["Albaran"], lineas_.Get<std::string_view>(numero_));
+  scoal_.Texto(kScoal["Fecha"], Dia(lineas_, fecha_));
+  scoal_.Numero(kScoal["Precio"], Importe(lineas_, precio_, ','));
+  scoal_.Numero(kScoal["PvpBase"], Importe(lineas_, pvpBase_, ','));
+  CopiarCampos(scoaq_, lineas_, kEntrega, entrega_);
+  for (const Registro* registro : {&scoal_, &scoaq_, &scoaa_}) fichero.Linea(registro->Linea());
+}
+
 }  // namespace
 
 void EscribirRectl(EscritorTexto& fichero, const FechaHora& momento) {
@@ -130,28 +175,8 @@ void EscribirCabecera(EscritorTexto& fichero, const Recordset& resumen, const Fe
   EscribirScoad(fichero, resumen);
 }
 
-void EscribirAlbaran(EscritorTexto& fichero, const Recordset& linea) {
-  Registro scoal(kScoal);
-  scoal.Texto(kScoal["Tag"], "SCOAL");
-  scoal.Texto(kScoal["Clase"], "351");
-  scoal.Numero(kScoal["Albaran"], linea.Get<std::string_view>("NumDocumento"));
-  scoal.Texto(kScoal["Fecha"], Dia(linea, "Fecha"));
-  scoal.Numero(kScoal["Precio"], Importe(linea, "Precio", ','));
-  scoal.Numero(kScoal["PvpBase"], Importe(linea, "PvpBase", ','));
-  fichero.Linea(scoal.Linea());
-
-  Registro scoaq(kScoaq);
-  scoaq.Texto(kScoaq["Tag"], "SCOAQ");
-  scoaq.Texto(kScoaq["Calificador"], "IV");
-  scoaq.Texto(kScoaq["Agencia"], "9");
-  CopiarCampos(scoaq, linea, kEntrega);
-  fichero.Linea(scoaq.Linea());
-
-  Registro scoaa(kScoaa);
-  scoaa.Texto(kScoaa["Tag"], "SCOAA");
-  scoaa.Texto(kScoaa["Clase"], "1");
-  scoaa.Texto(kScoaa["Calificador"], "165");
-  fichero.Linea(scoaa.Linea());
+void EscribirAlbaranes(EscritorTexto& fichero, Recordset& lineas) {
+  for (Albaran albaran(lineas); !lineas.Eof(); lineas.MoveNext()) albaran.Escribir(fichero);
 }
 
 }  // namespace kvraedi::coacsu

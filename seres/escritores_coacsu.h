@@ -11,7 +11,7 @@ namespace kvraedi::coacsu {
 void EscribirRectl(EscritorTexto& fichero, const FechaHora& momento);
 /// SCOAC, SCOAT, SCOAP and SCOAD, from the row of a summary invoice.
 void EscribirCabecera(EscritorTexto& fichero, const Recordset& resumen, const FechaHora& hoy);
-/// SCOAL, SCOAQ and SCOAA, from the row of a delivery line.
-void EscribirAlbaran(EscritorTexto& fichero, const Recordset& linea);
+/// SCOAL, SCOAQ and SCOAA for each row, a delivery line.
+void EscribirAlbaranes(EscritorTexto& fichero, Recordset& lineas);
 
 }  // namespace kvraedi::coacsu

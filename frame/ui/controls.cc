@@ -8,6 +8,39 @@
 #include "kvraedi/ui/form.h"
 
 namespace kvraedi::ui {
+namespace {
+
+bool ContinuesCharacter(char c) { return (static_cast<unsigned char>(c) & 0xC0U) == 0x80U; }
+
+/// Capitals of the letters of the component's texts: A to Z and the accented ones up to U+00FE.
+void Capitalize(std::string& utf8, std::size_t begin, std::size_t end) {
+  constexpr unsigned kFirst = 0xA0, kDivision = 0xB7, kLast = 0xBE, kStep = 0x20;
+  for (std::size_t i = begin; i < end; ++i) {
+    const auto byte = static_cast<unsigned char>(utf8[i]);
+    const bool accented = i > 0 && utf8[i - 1] == '\xC3' && byte >= kFirst && byte <= kLast;
+    if ((byte >= 'a' && byte <= 'z') || (accented && byte != kDivision)) {
+      utf8[i] = static_cast<char>(byte - kStep);
+    }
+  }
+}
+
+/// `now` with what differs from `before` in capitals.
+std::string TypedInCapitals(std::string_view before, std::string_view now) {
+  const auto first = static_cast<std::size_t>(
+      std::mismatch(before.begin(), before.end(), now.begin(), now.end()).second - now.begin());
+  std::size_t last = now.size();
+  for (std::size_t rest = before.size(); rest > first && last > first; --rest, --last) {
+    if (before[rest - 1] != now[last - 1]) break;
+  }
+  std::size_t begin = first;
+  while (begin > 0 && begin < now.size() && ContinuesCharacter(now[begin])) --begin;
+  while (last < now.size() && ContinuesCharacter(now[last])) ++last;
+  std::string text(now);
+  Capitalize(text, begin, last);
+  return text;
+}
+
+}  // namespace
 
 ControlVisitor::~ControlVisitor() = default;
 PickerSource::~PickerSource() = default;
@@ -42,8 +75,19 @@ void TextBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
 
 void TextBox::Type(std::string_view text) {
   if (!AcceptsUser()) return;
-  text_ = text;
+  text_ = upperCase_ ? TypedInCapitals(text_, text) : std::string(text);
   Changed();
+}
+
+void TextArea::SetReadOnly(bool readOnly) {
+  readOnly_ = readOnly;
+  Changed();
+}
+
+void TextArea::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }
+
+void TextArea::Type(std::string_view text) {
+  if (!readOnly_) TextBox::Type(text);
 }
 
 void DateBox::Accept(ControlVisitor& visitor) { visitor.Visit(*this); }

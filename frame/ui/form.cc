@@ -67,6 +67,7 @@ void Form::Show(ShowMode mode, Form* owner) {
   }
   if (state_ != State::kLoaded) return;
   visible_ = true;
+  OnActivate();
   CurrentToolkit().Open(*this, mode, owner);
 }
 
@@ -84,6 +85,11 @@ void Form::Unload() {
   OnUnload();
   if (onUnload) onUnload();
   if (view_ != nullptr) CurrentToolkit().Close(*this);
+}
+
+void Form::PressFunctionKey(int number) {
+  const auto alive = weak_from_this().lock();
+  if (onFunctionKey) onFunctionKey(number);
 }
 
 Control* Form::Find(std::string_view name) const {

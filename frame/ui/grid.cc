@@ -85,6 +85,10 @@ void Grid::SetRow(int row) {
   if (redraw_ && gridView_ != nullptr) gridView_->CurrentRowChanged();
 }
 
+void Grid::FitColumn(int col) {
+  if (gridView_ != nullptr && col >= 0 && col < Cols()) gridView_->FitColumn(col);
+}
+
 void Grid::Click(int row, int col) {
   if (!AcceptsUser() || row < 0 || row >= Rows() || col < 0 || col >= Cols()) return;
   Entered();

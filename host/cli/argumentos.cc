@@ -79,9 +79,24 @@ void PonerCliente(Argumentos& a, const std::string& v) {
   a.cliente = EnteroDesde<std::int32_t>(v, 1);
 }
 
+constexpr Opcion kDeCliente = {"--cliente", "N", "Cliente (obligatoria)", PonerCliente, true};
+constexpr Opcion kDesde = {"--desde", "FECHA", "Primera fecha, dd/mm/aaaa (obligatoria)",
+                           PonerDesde, true};
+constexpr Opcion kHasta = {"--hasta", "FECHA", "Última fecha, dd/mm/aaaa (obligatoria)", PonerHasta,
+                           true};
+constexpr Opcion kTodas = {"--todas", "", "Todas las pendientes que no estén excluidas",
+                           [](Argumentos& a, const std::string& /*v*/) { a.todas = true; }};
+constexpr Opcion kFacturas = {
+    "--factura",
+    "CLAVE ...",
+    "EJERCICIO/SERIE/NUMERO[/TIPODOC], o FT:ALMACEN/CAJA/FECHA/NUMERO para una de ticket",
+    PonerFactura,
+    false,
+    true};
+
 constexpr Opcion kListar[] = {
-    {"--desde", "FECHA", "Primera fecha, dd/mm/aaaa (obligatoria)", PonerDesde, true},
-    {"--hasta", "FECHA", "Última fecha, dd/mm/aaaa (obligatoria)", PonerHasta, true},
+    kDesde,
+    kHasta,
     {"--cliente", "N", "Sólo las de este cliente", PonerCliente},
     {"--cadena", "TEXTO", "Sólo las de esta cadena, un código por nivel: 1/5",
      [](Argumentos& a, const std::string& v) { a.cadena = v; }},
@@ -97,31 +112,31 @@ constexpr Opcion kListar[] = {
      [](Argumentos& a, const std::string& /*v*/) { a.json = true; }},
 };
 
-constexpr Opcion kEnviar[] = {
-    {"--cliente", "N", "Cliente (obligatoria)", PonerCliente, true},
-    {"--desde", "FECHA", "Primera fecha, dd/mm/aaaa (obligatoria)", PonerDesde, true},
-    {"--hasta", "FECHA", "Última fecha, dd/mm/aaaa (obligatoria)", PonerHasta, true},
-    {"--todas", "", "Todas las pendientes que no estén excluidas",
-     [](Argumentos& a, const std::string& /*v*/) { a.todas = true; }},
-    {"--factura", "CLAVE ...",
-     "EJERCICIO/SERIE/NUMERO[/TIPODOC], o FT:ALMACEN/CAJA/FECHA/NUMERO para una de ticket",
-     PonerFactura, false, true},
+constexpr Opcion kEnviar[] = {kDeCliente, kDesde, kHasta, kTodas, kFacturas};
+
+constexpr Opcion kExportar[] = {
+    kDeCliente,
+    kDesde,
+    kHasta,
+    kTodas,
+    kFacturas,
+    {"--carpeta", "DIR", "Carpeta, que ya existe, donde quedan los ficheros (obligatoria)",
+     [](Argumentos& a, const std::string& v) { a.exportacion.carpeta = NoVacio(v); }, true},
+    {"--revision", "N", "Número de revisión de la primera factura que se exporta (0)",
+     [](Argumentos& a, const std::string& v) {
+       a.exportacion.revision = EnteroDesde<std::int16_t>(v, 0);
+     }},
 };
 
-constexpr Opcion kAnexosCliente = {"--cliente", "N", "Cliente (obligatoria)", PonerCliente, true};
-constexpr Opcion kAnexosDesde = {"--desde", "FECHA", "Primera fecha, dd/mm/aaaa (obligatoria)",
-                                 PonerDesde, true};
-constexpr Opcion kAnexosHasta = {"--hasta", "FECHA", "Última fecha, dd/mm/aaaa (obligatoria)",
-                                 PonerHasta, true};
 constexpr Opcion kAnexosFactura = {
     "--factura", "CLAVE", "Factura (obligatoria), como en «facturas enviar»", PonerFactura, true};
 
-constexpr Opcion kAnexosListar[] = {kAnexosCliente, kAnexosDesde, kAnexosHasta, kAnexosFactura};
+constexpr Opcion kAnexosListar[] = {kDeCliente, kDesde, kHasta, kAnexosFactura};
 
 constexpr Opcion kAnexosAnadir[] = {
-    kAnexosCliente,
-    kAnexosDesde,
-    kAnexosHasta,
+    kDeCliente,
+    kDesde,
+    kHasta,
     kAnexosFactura,
     {"--fichero", "FICHERO", "Documento PDF que se anexa (obligatoria)",
      [](Argumentos& a, const std::string& v) { a.fichero = NoVacio(v); }, true},
@@ -130,9 +145,9 @@ constexpr Opcion kAnexosAnadir[] = {
 };
 
 constexpr Opcion kAnexosQuitar[] = {
-    kAnexosCliente,
-    kAnexosDesde,
-    kAnexosHasta,
+    kDeCliente,
+    kDesde,
+    kHasta,
     kAnexosFactura,
     {"--nombre", "NOMBRE", "Nombre del fichero anexado (obligatoria)",
      [](Argumentos& a, const std::string& v) { a.nombre = NoVacio(v); }, true},
@@ -151,6 +166,7 @@ std::span<const Opcion> OpcionesComunes() { return kComunes; }
 std::span<const Opcion> OpcionesDemo() { return kDemo; }
 std::span<const Opcion> OpcionesListar() { return kListar; }
 std::span<const Opcion> OpcionesEnviar() { return kEnviar; }
+std::span<const Opcion> OpcionesExportar() { return kExportar; }
 std::span<const Opcion> OpcionesAnexosListar() { return kAnexosListar; }
 std::span<const Opcion> OpcionesAnexosAnadir() { return kAnexosAnadir; }
 std::span<const Opcion> OpcionesAnexosQuitar() { return kAnexosQuitar; }

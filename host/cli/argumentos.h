@@ -8,6 +8,9 @@
 
 #include "host/cli/clave_factura.h"
 #include "host/cli/datos_centro.h"
+#include "host/cli/datos_compra.h"
+#include "host/cli/datos_exportacion.h"
+#include "host/cli/datos_recibida.h"
 #include "platform/os/entorno_sistema.h"
 
 namespace kvraedi::cli {
@@ -39,6 +42,9 @@ struct Argumentos {
   std::string nombre;
 
   DatosCentro centro;
+  DatosCompra compra;
+  DatosRecibida recibida;
+  DatosExportacion exportacion;
 
   std::optional<std::string> capturas;
 };
@@ -58,6 +64,7 @@ std::span<const Opcion> OpcionesComunes();
 std::span<const Opcion> OpcionesDemo();
 std::span<const Opcion> OpcionesListar();
 std::span<const Opcion> OpcionesEnviar();
+std::span<const Opcion> OpcionesExportar();
 std::span<const Opcion> OpcionesAnexosListar();
 std::span<const Opcion> OpcionesAnexosAnadir();
 std::span<const Opcion> OpcionesAnexosQuitar();
@@ -65,6 +72,16 @@ std::span<const Opcion> OpcionesCentrosListar();
 std::span<const Opcion> OpcionesCentrosAnadir();
 std::span<const Opcion> OpcionesCentrosModificar();
 std::span<const Opcion> OpcionesCentrosEliminar();
+std::span<const Opcion> OpcionesPedidosExportar();
+std::span<const Opcion> OpcionesOrdersGenerar();
+std::span<const Opcion> OpcionesRecadvGenerar();
+std::span<const Opcion> OpcionesDesadvInsertar();
+std::span<const Opcion> OpcionesRecibidasListar();
+std::span<const Opcion> OpcionesRecibidasUna();
+std::span<const Opcion> OpcionesRecibidasComentar();
+std::span<const Opcion> OpcionesRecibidasImprimir();
+std::span<const Opcion> OpcionesPendientesListar();
+std::span<const Opcion> OpcionesVer();
 std::span<const Opcion> OpcionesPantallas();
 
 }  // namespace kvraedi::cli

@@ -2,6 +2,7 @@
 #include <functional>
 #include <ostream>
 
+#include "host/cli/al_abrir.h"
 #include "host/cli/fallo.h"
 #include "host/cli/ordenes.h"
 #include "host/cli/pantalla_anexos.h"
@@ -39,13 +40,9 @@ int UsarAnexos(const Argumentos& argumentos, const Salida& salida, const Pasos& 
     const ClaveFactura& clave = argumentos.claves.front();
     const int fila = FilaDe(envio.Lista(), clave);
     std::exception_ptr error;
-    pantallas.OnShow("frmAnexosFactura", [&](ui::Form& form) {
-      try {
-        PantallaAnexos pantalla(form);
-        Trabajar(pantalla, pantallas, pasos, clave.Texto(), salida);
-      } catch (...) {
-        error = std::current_exception();
-      }
+    AlAbrir(pantallas, "frmAnexosFactura", error, [&](ui::Form& form) {
+      PantallaAnexos pantalla(form);
+      Trabajar(pantalla, pantallas, pasos, clave.Texto(), salida);
     });
     envio.Anexar(fila);
     if (error) std::rethrow_exception(error);

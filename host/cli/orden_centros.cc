@@ -4,6 +4,7 @@
 #include <functional>
 #include <ostream>
 
+#include "host/cli/al_abrir.h"
 #include "host/cli/controles.h"
 #include "host/cli/fallo.h"
 #include "host/cli/ordenes.h"
@@ -39,19 +40,6 @@ constexpr ColumnaTabla kTabla[] = {
     {"País", Celda<kPais>},           {"Descripción", Celda<kDescripcion>},
 };
 
-/// Queues the steps of a user for the next time that a form is shown. What they raise is kept:
-/// nothing may be thrown through the component.
-void AlAbrir(SesionCli& sesion, const char* form, std::exception_ptr& error,
-             std::function<void(ui::Form&)> pasos) {
-  sesion.Pantallas().OnShow(form, [&error, pasos = std::move(pasos)](ui::Form& abierta) {
-    try {
-      pasos(abierta);
-    } catch (...) {
-      error = std::current_exception();
-    }
-  });
-}
-
 /// True when no message box was more than a question.
 bool SinAvisos(SesionCli& sesion) {
   const auto& cajas = sesion.Pantallas().Messages();
@@ -64,7 +52,7 @@ int UsarCentros(const Argumentos& argumentos, const Salida& salida,
                 const std::function<void(ui::Form&, SesionCli&)>& pasos) {
   SesionCli sesion(argumentos, salida.mensajes);
   std::exception_ptr error;
-  AlAbrir(sesion, "frmCentrosAdm", error, [&](ui::Form& lista) {
+  AlAbrir(sesion.Pantallas(), "frmCentrosAdm", error, [&](ui::Form& lista) {
     if (SinAvisos(sesion)) pasos(lista, sesion);
   });
   {
@@ -117,7 +105,7 @@ void Rellenar(ui::Form& dialogo, const std::optional<std::string>& codigo,
 void Editar(ui::Form& lista, SesionCli& sesion, const char* boton,
             const std::optional<std::string>& codigo, const DatosCentro& datos) {
   std::exception_ptr error;
-  AlAbrir(sesion, "frmCentrosAdm_Datos", error,
+  AlAbrir(sesion.Pantallas(), "frmCentrosAdm_Datos", error,
           [&](ui::Form& dialogo) { Rellenar(dialogo, codigo, datos); });
   Buscar<ui::Button>(lista, boton).Press();
   if (error) std::rethrow_exception(error);

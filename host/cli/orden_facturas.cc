@@ -1,7 +1,4 @@
-#include <algorithm>
 #include <ostream>
-#include <set>
-#include <string>
 #include <vector>
 
 #include "host/cli/columnas.h"
@@ -10,6 +7,7 @@
 #include "host/cli/lista_facturas.h"
 #include "host/cli/ordenes.h"
 #include "host/cli/pantalla_envio.h"
+#include "host/cli/seleccion_facturas.h"
 #include "host/cli/sesion_cli.h"
 
 namespace kvraedi::cli {
@@ -19,34 +17,6 @@ void AvisarClienteDesconocido(const Argumentos& argumentos, PantallaEnvio& panta
                               const Salida& salida) {
   if (!argumentos.cliente || pantalla.ClienteValido()) return;
   salida.mensajes << "kvraedi: no hay ningún cliente " << *argumentos.cliente << '\n';
-}
-
-std::vector<int> Marcadas(const ui::Grid& lista) {
-  std::vector<int> filas;
-  for (int fila = 1; fila < lista.Rows(); ++fila) {
-    if (lista.IsSet(fila, kSeleccion)) filas.push_back(fila);
-  }
-  return filas;
-}
-
-/// Ticks the named rows; false, and the reasons on the messages, when any of them stays unticked.
-bool MarcarClaves(const std::vector<ClaveFactura>& claves, PantallaEnvio& pantalla,
-                  std::ostream& mensajes) {
-  bool bien = true;
-  std::set<int> filas;
-  for (const ClaveFactura& clave : claves) {
-    try {
-      const int fila = FilaDe(pantalla.Lista(), clave);
-      if (!filas.insert(fila).second) continue;
-      pantalla.Marcar(fila);
-      if (pantalla.Lista().IsSet(fila, kSeleccion)) continue;
-      throw Fallo(kRechazado, "la factura " + clave.Texto() + " está excluida del envío");
-    } catch (const Fallo& fallo) {
-      mensajes << "kvraedi: " << fallo.what() << '\n';
-      bien = false;
-    }
-  }
-  return bien;
 }
 
 void EscribirEnviadas(const ui::Grid& lista, const std::vector<int>& filas, SesionCli& sesion,
@@ -60,42 +30,17 @@ void EscribirEnviadas(const ui::Grid& lista, const std::vector<int>& filas, Sesi
   for (const auto& firmado : firmados) salida << "  " << firmado.string() << '\n';
 }
 
-/// True when no message box was more than information.
-bool SoloAvisos(SesionCli& sesion) {
-  const auto& cajas = sesion.Pantallas().Messages();
-  return std::all_of(cajas.begin(), cajas.end(), [](const ui::MessageBox& caja) {
-    return caja.icon == ui::Icon::kInformation;
-  });
-}
-
-/// Every channel ends a complete sending with a message of this kind and no other box after it.
-bool EnvioCorrecto(SesionCli& sesion) {
-  const auto& cajas = sesion.Pantallas().Messages();
-  return SoloAvisos(sesion) && !cajas.empty() && cajas.back().text.ends_with("correctamente.");
-}
-
 int Enviar(const Argumentos& argumentos, const Salida& salida, PantallaEnvio& pantalla,
            SesionCli& sesion) {
-  const bool cargada = pantalla.Cargar(argumentos);
+  if (!Seleccionar(argumentos, salida.mensajes, pantalla, sesion)) return kRechazado;
   const ui::Grid& lista = pantalla.Lista();
-  // With nothing in the list the button sends nothing, and its message says what is wrong.
-  const bool listaVacia = lista.Rows() == 1;
-  if (!cargada && !(listaVacia && SoloAvisos(sesion))) return kRechazado;
-  bool bien = true;
-  if (argumentos.todas) {
-    pantalla.MarcarTodas();
-  } else {
-    bien = MarcarClaves(argumentos.claves, pantalla, salida.mensajes);
-  }
-  if (!bien && !listaVacia) return kRechazado;
-
   const std::vector<int> marcadas = Marcadas(lista);
   pantalla.Aceptar();
   std::vector<int> enviadas;
   for (const int fila : marcadas) {
     if (!lista.IsSet(fila, kSeleccion)) enviadas.push_back(fila);
   }
-  const bool correcto = EnvioCorrecto(sesion);
+  const bool correcto = TerminoCorrectamente(sesion);
   if (!correcto || !enviadas.empty()) {
     EscribirEnviadas(lista, enviadas, sesion, salida.resultado);
   }
@@ -123,9 +68,7 @@ int EjecutarListar(const Argumentos& argumentos, const Salida& salida) {
 }
 
 int EjecutarEnviar(const Argumentos& argumentos, const Salida& salida) {
-  if (argumentos.todas == !argumentos.claves.empty()) {
-    throw Fallo(kUsoErroneo, "hay que dar --todas o --factura, y sólo una de las dos");
-  }
+  ComprobarSeleccion(argumentos);
   return UsarPantallaEnvio(argumentos, salida, [&](PantallaEnvio& pantalla, SesionCli& sesion) {
     return Enviar(argumentos, salida, pantalla, sesion);
   });

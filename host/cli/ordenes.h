@@ -29,6 +29,7 @@ std::span<const Orden> Ordenes();
 int EjecutarDemo(const Argumentos& argumentos, const Salida& salida);
 int EjecutarListar(const Argumentos& argumentos, const Salida& salida);
 int EjecutarEnviar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarExportar(const Argumentos& argumentos, const Salida& salida);
 int EjecutarAnexosListar(const Argumentos& argumentos, const Salida& salida);
 int EjecutarAnexosAnadir(const Argumentos& argumentos, const Salida& salida);
 int EjecutarAnexosQuitar(const Argumentos& argumentos, const Salida& salida);
@@ -36,6 +37,19 @@ int EjecutarCentrosListar(const Argumentos& argumentos, const Salida& salida);
 int EjecutarCentrosAnadir(const Argumentos& argumentos, const Salida& salida);
 int EjecutarCentrosModificar(const Argumentos& argumentos, const Salida& salida);
 int EjecutarCentrosEliminar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarPedidosExportar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarOrdersInsertar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarOrdersPendientes(const Argumentos& argumentos, const Salida& salida);
+int EjecutarOrdersGenerar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarRecadvGenerar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarDesadvInsertar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarRecibidasListar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarRecibidasVisar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarRecibidasComentar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarRecibidasVer(const Argumentos& argumentos, const Salida& salida);
+int EjecutarRecibidasImprimir(const Argumentos& argumentos, const Salida& salida);
+int EjecutarPendientesListar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarVer(const Argumentos& argumentos, const Salida& salida);
 int EjecutarPantallas(const Argumentos& argumentos, const Salida& salida);
 
 }  // namespace kvraedi::cli

@@ -3,6 +3,7 @@
 #include <exception>
 #include <string>
 
+#include "host/cli/al_abrir.h"
 #include "host/cli/columnas.h"
 #include "host/cli/controles.h"
 #include "host/cli/fallo.h"
@@ -18,9 +19,11 @@ PantallaEnvio::PantallaEnvio(ui::Form& form, const HeadlessToolkit& toolkit)
       txtCadena_(Buscar<ui::Picker>(form, "txtCadena")),
       cboEstado_(Buscar<ui::ComboBox>(form, "cboEstado")),
       cboTipo_(Buscar<ui::ComboBox>(form, "cboTipo")),
+      txtNumRevision_(Buscar<ui::NumericBox>(form, "txtNumRevision")),
       vsDocs_(Buscar<ui::Grid>(form, "vsDocs")),
       chkTodas_(Buscar<ui::CheckBox>(form, "chkSelelecion_vsDocs")),
       cmdAceptar_(Buscar<ui::Button>(form, "cmdAceptar")),
+      cmdExportar_(Buscar<ui::Button>(form, "cmdExportar")),
       cmdAnexar_(Buscar<ui::Button>(form, "cmdAnexar")) {}
 
 bool PantallaEnvio::Cargar(const Argumentos& filtros) {
@@ -39,6 +42,11 @@ bool PantallaEnvio::Cargar(const Argumentos& filtros) {
 
 void PantallaEnvio::Marcar(int fila) { vsDocs_.Click(fila, kSeleccion); }
 
+void PantallaEnvio::Exportar(std::int16_t revision) {
+  txtNumRevision_.Type(std::to_string(revision));
+  cmdExportar_.Press();
+}
+
 void PantallaEnvio::Anexar(int fila) {
   vsDocs_.MoveTo(fila);
   cmdAnexar_.Press();
@@ -48,14 +56,9 @@ int UsarPantallaEnvio(const Argumentos& argumentos, const Salida& salida, const 
   SesionCli sesion(argumentos, salida.mensajes);
   int codigo = kRechazado;
   std::exception_ptr error;
-  // Nothing may be thrown through the component.
-  sesion.Pantallas().OnShow("frmEnvioFactura", [&](ui::Form& form) {
-    try {
-      PantallaEnvio pantalla(form, sesion.Pantallas());
-      codigo = pasos(pantalla, sesion);
-    } catch (...) {
-      error = std::current_exception();
-    }
+  AlAbrir(sesion.Pantallas(), "frmEnvioFactura", error, [&](ui::Form& form) {
+    PantallaEnvio pantalla(form, sesion.Pantallas());
+    codigo = pasos(pantalla, sesion);
   });
   {
     constexpr std::int16_t kModal = 1;

@@ -25,6 +25,7 @@ class PantallaEnvio {
   void MarcarTodas() { chkTodas_.Toggle(); }
   void Marcar(int fila);
   void Aceptar() { cmdAceptar_.Press(); }
+  void Exportar(std::int16_t revision);
   /// Opens the attachments of a row; returns when their screen is closed.
   void Anexar(int fila);
 
@@ -36,9 +37,11 @@ class PantallaEnvio {
   ui::Picker& txtCadena_;
   ui::ComboBox& cboEstado_;
   ui::ComboBox& cboTipo_;
+  ui::NumericBox& txtNumRevision_;
   ui::Grid& vsDocs_;
   ui::CheckBox& chkTodas_;
   ui::Button& cmdAceptar_;
+  ui::Button& cmdExportar_;
   ui::Button& cmdAnexar_;
 };
 

@@ -1,5 +1,6 @@
 #include "host/cli/sesion_cli.h"
 
+#include <algorithm>
 #include <ostream>
 #include <string_view>
 
@@ -30,12 +31,19 @@ std::string_view Nombre(ui::Icon icono) {
   return "mensaje";
 }
 
+std::string EnUnaLinea(std::string texto) {
+  std::erase(texto, '\r');
+  std::replace(texto.begin(), texto.end(), '\n', ' ');
+  return texto;
+}
+
 }  // namespace
 
 SesionCli::SesionCli(const Argumentos& argumentos, std::ostream& mensajes)
     : entorno_(argumentos.entorno) {
   toolkit_.onMessage = [&mensajes](const ui::MessageBox& caja) {
-    mensajes << '[' << Nombre(caja.icon) << "] " << caja.title << ": " << caja.text << '\n';
+    mensajes << '[' << Nombre(caja.icon) << "] " << caja.title << ": " << EnUnaLinea(caja.text)
+             << '\n';
   };
   try {
     Abrir(argumentos);

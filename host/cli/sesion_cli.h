@@ -6,6 +6,7 @@
 #include <string>
 
 #include "host/cli/argumentos.h"
+#include "host/cli/impresora_cli.h"
 #include "kvraedi/conexion.h"
 #include "kvraedi/empresa.h"
 #include "platform/headless/headless_toolkit.h"
@@ -39,7 +40,8 @@ class SesionCli {
 
   EntornoSistema entorno_;
   HeadlessToolkit toolkit_;
-  SuiteReferencia suite_;
+  std::unique_ptr<Impresora> impresora_ = NuevaImpresora();
+  SuiteReferencia suite_{impresora_.get()};
   std::shared_ptr<FileWriter> registro_;
   std::shared_ptr<Connection> conexion_;
   std::shared_ptr<Empresa> empresa_;

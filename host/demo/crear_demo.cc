@@ -5,9 +5,14 @@
 #include <system_error>
 
 #include "host/demo/azar.h"
+#include "host/demo/compras.h"
 #include "host/demo/esquema.h"
 #include "host/demo/facturas.h"
+#include "host/demo/ficheros_desadv.h"
+#include "host/demo/ficheros_orders.h"
+#include "host/demo/informes.h"
 #include "host/demo/maestros.h"
+#include "host/demo/recepcion.h"
 #include "platform/sqlite/sqlite_connection.h"
 
 namespace kvraedi::demo {
@@ -77,6 +82,10 @@ void Llenar(Connection& conexion, const OpcionesDemo& opciones, const Progreso& 
   CrearFacturas(conexion, azar, clientes, opciones.facturas, contador);
   CrearTickets(conexion, azar, clientes, tickets,
                [&](std::int32_t hechos) { contador(opciones.facturas + hechos); });
+  CrearCompras(conexion, opciones.semilla);
+  CrearRecepcion(conexion, opciones.carpeta / "Recepcion", opciones.semilla);
+  CrearFicherosDesadv(opciones.carpeta / "Recepcion");
+  CrearFicherosOrders(conexion, opciones.carpeta / "Recepcion");
 }
 
 std::string Canal(const Recordset& rs) {
@@ -96,6 +105,8 @@ fs::path CrearDemo(const OpcionesDemo& opciones, const Progreso& progreso) {
   Comprobar(opciones, base);
   CrearCarpeta(opciones.carpeta / "Envios");
   CrearCarpeta(opciones.carpeta / "Recepcion");
+  CrearCarpeta(opciones.carpeta / "Rpt");
+  CrearInformes(opciones.carpeta / "Rpt");
   fs::path nueva = base;
   nueva += ".nueva";
   Borrar(nueva);

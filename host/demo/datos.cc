@@ -23,11 +23,19 @@ constexpr auto kTablaParametros = std::to_array<ParametroDemo>({
     {1, "EDI_RegistroMercantil",
      "Registro Mercantil de Las Palmas, tomo 1.234, folio 56, hoja GC-7.890, inscripción 1ª"},
     {1, "UsuarioActual", "1"},
+    {1, "ODBCNombre", "Kestrova"},
+    {1, "ODBCBaseDatos", "main"},  // what the embedded database calls itself
+    {1, "ODBCUsuario", ""},
+    {1, "ODBCPassword", ""},
     {2, "EDI_PathFichEnvios", "Envios"},
     {2, "EDI_PathFichRecibir", "Recepcion"},
     {2, "EDI_GLNEmpresa", "8437000222224"},
     {2, "EDI_RegistroMercantil", "Reg. Merc. de S/C de Tenerife, tomo 98, folio 7, hoja TF-654"},
     {2, "UsuarioActual", "1"},
+    {2, "ODBCNombre", "Kestrova"},
+    {2, "ODBCBaseDatos", "main"},
+    {2, "ODBCUsuario", ""},
+    {2, "ODBCPassword", ""},
 });
 
 constexpr auto kTablaImpuestos = std::to_array<ImpuestoDemo>({

@@ -172,6 +172,8 @@ CREATE TABLE Clientes (
 GO
 CREATE INDEX IX_Clientes_Nombre ON Clientes (Cod_Empresa, Nombre)
 GO
+CREATE INDEX IX_Clientes_EDI_GLN ON Clientes (Cod_Empresa, EDI_GLN)
+GO
 
 CREATE TABLE Facturas (
   Cod_Empresa smallint NOT NULL,

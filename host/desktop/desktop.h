@@ -26,7 +26,8 @@ struct DesktopSession {
   std::string company_name;  ///< for the main window; empty takes it from the database
   Entorno& entorno;
   Suite& suite;
-  std::optional<Pictures> pictures;  ///< nothing is written to the database while they are taken
+  /// While they are taken only the tables of a printed received invoice are written.
+  std::optional<Pictures> pictures;
 };
 
 /// Opens the main window and returns when the user leaves it, with 0. While it runs, the adapters

@@ -15,6 +15,8 @@ frmPrincipal::frmPrincipal(std::shared_ptr<Connection> connection, std::shared_p
   facturacionEmision_.ConexionKestrova(std::move(connection));
   cmdFacturasEmitidas.onClick = [this] { facturacionEmision_.Show(0, this); };
   cmdCentrosAdministrativos.onClick = [this] { centrosAdministrativos_.Show(0, this); };
+  cmdFacturasRecibidas.onClick = [this] { facturacionRecepcion_.Show(0, this); };
+  cmdPdteClasificar.onClick = [this] { pdteClasificar_.Show(0, this); };
   cmdSalir.onClick = [this] { Unload(); };
   SetWidth(kAncho);
   SetLayout(ui::Column({
@@ -23,6 +25,8 @@ frmPrincipal::frmPrincipal(std::shared_ptr<Connection> connection, std::shared_p
       ui::Space(),
       cmdFacturasEmitidas,
       cmdCentrosAdministrativos,
+      cmdFacturasRecibidas,
+      cmdPdteClasificar,
       ui::Space(),
       ui::Row({ui::Space(), cmdSalir}),
   }));

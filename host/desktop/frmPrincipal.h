@@ -4,6 +4,8 @@
 
 #include "kvraedi/clsFacturacionEmision.h"
 #include "kvraedi/frmclsCentrosAdministrativos.h"
+#include "kvraedi/frmclsFacturacionRecepcion.h"
+#include "kvraedi/frmclsPdteClasificar.h"
 #include "kvraedi/ui/form.h"
 
 namespace kvraedi::desktop {
@@ -17,12 +19,16 @@ class frmPrincipal : public ui::Form {
  private:
   clsFacturacionEmision facturacionEmision_;
   frmclsCentrosAdministrativos centrosAdministrativos_;
+  frmclsFacturacionRecepcion facturacionRecepcion_;
+  frmclsPdteClasificar pdteClasificar_;
 
   ui::Label lblEmpresa;
   ui::Label lblIndicacion{*this, "lblIndicacion", "Intercambio electrónico de documentos"};
   ui::Button cmdFacturasEmitidas{*this, "cmdFacturasEmitidas", "&Facturas emitidas"};
   ui::Button cmdCentrosAdministrativos{*this, "cmdCentrosAdministrativos",
                                        "&Centros administrativos"};
+  ui::Button cmdFacturasRecibidas{*this, "cmdFacturasRecibidas", "Facturas &recibidas"};
+  ui::Button cmdPdteClasificar{*this, "cmdPdteClasificar", "&Pendientes de clasificar"};
   ui::Button cmdSalir{*this, "cmdSalir", "&Salir"};
 };
 

@@ -13,17 +13,21 @@ namespace {
 constexpr char kMainWindow[] = R"(
 QLabel#lblEmpresa { font-size: 15pt; font-weight: 600; color: #1f5fa8; }
 QLabel#lblIndicacion { color: #5b6773; }
-QPushButton#cmdFacturasEmitidas, QPushButton#cmdCentrosAdministrativos {
+QPushButton#cmdFacturasEmitidas, QPushButton#cmdCentrosAdministrativos,
+QPushButton#cmdFacturasRecibidas, QPushButton#cmdPdteClasificar {
   background: #1f5fa8; color: white; font-size: 11pt; border: 2px solid #1f5fa8;
   border-radius: 4px; padding: 9px; margin: 6px 0px;
 }
-QPushButton#cmdFacturasEmitidas:hover, QPushButton#cmdCentrosAdministrativos:hover {
+QPushButton#cmdFacturasEmitidas:hover, QPushButton#cmdCentrosAdministrativos:hover,
+QPushButton#cmdFacturasRecibidas:hover, QPushButton#cmdPdteClasificar:hover {
   background: #2a70bd;
 }
-QPushButton#cmdFacturasEmitidas:focus, QPushButton#cmdCentrosAdministrativos:focus {
+QPushButton#cmdFacturasEmitidas:focus, QPushButton#cmdCentrosAdministrativos:focus,
+QPushButton#cmdFacturasRecibidas:focus, QPushButton#cmdPdteClasificar:focus {
   border-color: #8db8e6;
 }
-QPushButton#cmdFacturasEmitidas:pressed, QPushButton#cmdCentrosAdministrativos:pressed {
+QPushButton#cmdFacturasEmitidas:pressed, QPushButton#cmdCentrosAdministrativos:pressed,
+QPushButton#cmdFacturasRecibidas:pressed, QPushButton#cmdPdteClasificar:pressed {
   background: #174a84;
 }
 )";

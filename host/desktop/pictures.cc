@@ -88,13 +88,17 @@ class ModalUser {
   QTimer timer_;
 };
 
-/// The attachments of the first invoice that has some.
-void TakeAttachments(QtToolkit& toolkit, ui::Form& list, const Pictures& pictures) {
+/// The first invoice that has attachments, which only customers of Facturae get; 1 when none has.
+int RowWithAttachments(const ui::Grid& invoices) {
   constexpr int kAttachments = 13;  // the column that marks them
-  auto& invoices = Find<ui::Grid>(list, "vsDocs");
   int row = 1;
   while (row < invoices.Rows() && invoices.Cell(row, kAttachments) != "X") ++row;
-  invoices.MoveTo(row < invoices.Rows() ? row : 1);
+  return row < invoices.Rows() ? row : 1;
+}
+
+void TakeAttachments(QtToolkit& toolkit, ui::Form& list, const Pictures& pictures) {
+  auto& invoices = Find<ui::Grid>(list, "vsDocs");
+  invoices.MoveTo(RowWithAttachments(invoices));
   ModalUser user(toolkit, "frmAnexosFactura", [&](ui::Form& form) {
     Find<ui::Grid>(form, "vsDocs").SetRow(1);
     Find<ui::TextBox>(form, "txtRuta").Type("/home/ana/Documentos/contrato.pdf");
@@ -105,21 +109,98 @@ void TakeAttachments(QtToolkit& toolkit, ui::Form& list, const Pictures& picture
   user.Check();
 }
 
+/// Presses a button of the main window that opens a screen.
+ui::Form& OpenScreen(QtToolkit& toolkit, frmPrincipal& main, const char* button, const char* form) {
+  Find<ui::Button>(main, button).Press();
+  ui::Form* screen = toolkit.OpenForm(form);
+  if (screen == nullptr) throw Error(kErrorItemNotFound, "desktop", "No se ha abierto la pantalla");
+  return *screen;
+}
+
+/// The question for the folder, with the ticked invoices of a customer.
+void TakeExport(QtToolkit& toolkit, ui::Form& list, const Pictures& pictures) {
+  constexpr int kCustomer = 5;
+  const auto& invoices = Find<ui::Grid>(list, "vsDocs");
+  Find<ui::Picker>(list, "txtCliente").Type(invoices.Cell(RowWithAttachments(invoices), kCustomer));
+  ModalUser user(toolkit, "frmExportar", [&](ui::Form& form) {
+    Find<ui::TextBox>(form, "txtRuta").Type("/home/ana/Documentos/Facturas");
+    toolkit.SavePicture(form, pictures.folder / "exportar.png");
+  });
+  Find<ui::Button>(list, "cmdExportar").Press();
+  user.Check();
+}
+
 /// The administrative centres, and the first of them in its edit dialog.
 void TakeCentres(QtToolkit& toolkit, frmPrincipal& main, const Pictures& pictures) {
   MessageTaker unexpected(pictures.folder / "error.png");
-  Find<ui::Button>(main, "cmdCentrosAdministrativos").Press();
-  ui::Form* list = toolkit.OpenForm("frmCentrosAdm");
-  if (list == nullptr) throw Error(kErrorItemNotFound, "desktop", "No se ha abierto la pantalla");
-  auto& centres = Find<ui::Grid>(*list, "vsCentros");
+  ui::Form& list = OpenScreen(toolkit, main, "cmdCentrosAdministrativos", "frmCentrosAdm");
+  auto& centres = Find<ui::Grid>(list, "vsCentros");
   if (centres.Rows() > 1) centres.Click(1, 0);
-  toolkit.SavePicture(*list, pictures.folder / "centros.png");
+  toolkit.SavePicture(list, pictures.folder / "centros.png");
   ModalUser user(toolkit, "frmCentrosAdm_Datos", [&](ui::Form& dialog) {
     toolkit.SavePicture(dialog, pictures.folder / "centros_datos.png");
   });
-  Find<ui::Button>(*list, centres.Rows() > 1 ? "cmdModificar" : "cmdAgregar").Press();
+  Find<ui::Button>(list, centres.Rows() > 1 ? "cmdModificar" : "cmdAgregar").Press();
   user.Check();
-  list->Unload();
+  list.Unload();
+  if (!unexpected.Text().empty()) throw Error(kErrorFile, "desktop", unexpected.Text());
+}
+
+/// A received invoice, and the discounts of its first line that has some.
+void TakeReceivedInvoice(QtToolkit& toolkit, ui::Form& viewer, const Pictures& pictures) {
+  constexpr int kDiscount = 6;
+  auto& lines = Find<ui::Grid>(viewer, "vsLineas");
+  int row = 1;
+  while (row < lines.Rows() && lines.Cell(row, kDiscount) != "+") ++row;
+  if (row < lines.Rows()) lines.Click(row, 0);
+  toolkit.SavePicture(viewer, pictures.folder / "visor_factura.png");
+  {
+    ModalUser user(toolkit, "frmView", [&](ui::Form& preview) {
+      toolkit.SavePicture(preview, pictures.folder / "vista_previa.png");
+    });
+    Find<ui::Button>(viewer, "cmdImprimir").Press();
+    user.Check();
+  }
+  if (row == lines.Rows()) return;
+  ModalUser user(toolkit, "frmVisorFactura_DescLineas", [&](ui::Form& form) {
+    toolkit.SavePicture(form, pictures.folder / "visor_descuentos.png");
+  });
+  Find<ui::Button>(viewer, "cmdDescLinea").Press();
+  user.Check();
+}
+
+/// The received invoices, the comment on the first of them, and that invoice.
+void TakeReception(QtToolkit& toolkit, frmPrincipal& main, const Pictures& pictures) {
+  MessageTaker unexpected(pictures.folder / "error.png");
+  ui::Form& list = OpenScreen(toolkit, main, "cmdFacturasRecibidas", "frmRecepcionFactura");
+  Find<ui::DateBox>(list, "txtFechaI").Type(pictures.first_date);
+  auto& last = Find<ui::DateBox>(list, "txtFechaF");
+  last.Type(pictures.last_date);
+  last.PressEnter();
+  auto& invoices = Find<ui::Grid>(list, "vsDocs");
+  if (invoices.Rows() > 1) invoices.Click(1, 0);
+  toolkit.SavePicture(list, pictures.folder / "recibidas.png");
+  if (invoices.Rows() > 1) {
+    ModalUser writer(toolkit, "frmEditor_Comentarios", [&](ui::Form& editor) {
+      Find<ui::TextArea>(editor, "txtComent").Type("conforme, salvo los portes:\r\n12 l'últimas");
+      toolkit.SavePicture(editor, pictures.folder / "comentario.png");
+    });
+    Find<ui::Button>(list, "cmdObservaciones").Press();
+    writer.Check();
+    ModalUser reader(toolkit, "frmVisorFactura",
+                     [&](ui::Form& viewer) { TakeReceivedInvoice(toolkit, viewer, pictures); });
+    Find<ui::Button>(list, "cmdVisualizar").Press();
+    reader.Check();
+  }
+  list.Unload();
+  if (!unexpected.Text().empty()) throw Error(kErrorFile, "desktop", unexpected.Text());
+}
+
+void TakePending(QtToolkit& toolkit, frmPrincipal& main, const Pictures& pictures) {
+  MessageTaker unexpected(pictures.folder / "error.png");
+  ui::Form& list = OpenScreen(toolkit, main, "cmdPdteClasificar", "frmPdteClasificar");
+  toolkit.SavePicture(list, pictures.folder / "pendientes.png");
+  list.Unload();
   if (!unexpected.Text().empty()) throw Error(kErrorFile, "desktop", unexpected.Text());
 }
 
@@ -138,6 +219,7 @@ void TakeInvoiceList(QtToolkit& toolkit, ui::Form& list, const Pictures& picture
   Find<ui::CheckBox>(list, "chkSelelecion_vsDocs").Toggle();
   toolkit.SavePicture(list, pictures.folder / "facturas_emitidas_seleccion.png");
   TakeAttachments(toolkit, list, pictures);
+  TakeExport(toolkit, list, pictures);
   if (!unexpected.Text().empty()) throw Error(kErrorFile, "desktop", unexpected.Text());
 }
 
@@ -145,12 +227,12 @@ void TakeInvoiceList(QtToolkit& toolkit, ui::Form& list, const Pictures& picture
 
 void TakePictures(QtToolkit& toolkit, frmPrincipal& main, const Pictures& pictures) {
   toolkit.SavePicture(main, pictures.folder / "principal.png");
-  Find<ui::Button>(main, "cmdFacturasEmitidas").Press();
-  ui::Form* list = toolkit.OpenForm("frmEnvioFactura");
-  if (list == nullptr) throw Error(kErrorItemNotFound, "desktop", "No se ha abierto la pantalla");
-  TakeInvoiceList(toolkit, *list, pictures);
-  list->Unload();
+  ui::Form& list = OpenScreen(toolkit, main, "cmdFacturasEmitidas", "frmEnvioFactura");
+  TakeInvoiceList(toolkit, list, pictures);
+  list.Unload();
   TakeCentres(toolkit, main, pictures);
+  TakeReception(toolkit, main, pictures);
+  TakePending(toolkit, main, pictures);
 }
 
 }  // namespace kvraedi::desktop

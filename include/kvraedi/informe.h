@@ -29,8 +29,9 @@ class KVRAEDI_API Informe {
   /// The report within this one that has that name ("Empresa.rpt"); null when there is none. It
   /// belongs to this one.
   virtual Informe* Subinforme(std::string_view nombre) = 0;
-  /// Reads only those rows whose field of that name holds the text; tables without the field, and
-  /// the reports within, are read whole.
+  /// Reads only those rows whose field of that name holds the text, besides earlier conditions;
+  /// tables without the field, and the reports within, are read whole. Tables that the report reads
+  /// row by row within another one follow that one instead.
   virtual void Filtrar(std::string_view campo, std::string_view valor) = 0;
   /// Reads the tables and fills the layout.
   virtual DocumentoImprimible Documento() = 0;

@@ -7,6 +7,7 @@
 #include <string>
 #include <string_view>
 
+#include "kvraedi/compra_mini.h"
 #include "kvraedi/conexion.h"
 #include "kvraedi/empresa.h"
 #include "kvraedi/entorno.h"
@@ -14,6 +15,7 @@
 #include "kvraedi/fichero_log.h"
 #include "kvraedi/impresion.h"
 #include "kvraedi/informe.h"
+#include "kvraedi/pedido_cliente.h"
 #include "kvraedi/ui/controls.h"
 
 namespace kvraedi {
@@ -69,6 +71,9 @@ class KVRAEDI_API Suite {
   /// code gives that code as not valid.
   virtual std::unique_ptr<ui::PickerSource> Clientes(std::shared_ptr<Connection> conexion,
                                                      std::shared_ptr<Empresa> empresa) = 0;
+  /// Look-up of the supplier picker, as that of customers.
+  virtual std::unique_ptr<ui::PickerSource> Proveedores(std::shared_ptr<Connection> conexion,
+                                                        std::shared_ptr<Empresa> empresa) = 0;
   /// Look-up of the chain picker: up to ten codes, one for each chain level; 0 is no choice.
   virtual std::unique_ptr<ui::PickerSource> Cadenas(std::shared_ptr<Connection> conexion,
                                                     std::shared_ptr<Empresa> empresa) = 0;
@@ -86,6 +91,12 @@ class KVRAEDI_API Suite {
   /// `Error` when the file cannot be read.
   virtual std::optional<std::string> LeerIni(Entorno& entorno, const std::filesystem::path& fichero,
                                              std::string_view seccion, std::string_view clave) = 0;
+  /// A new, empty customer order of the current company.
+  virtual std::unique_ptr<PedidoCliente> NuevoPedidoCliente(std::shared_ptr<Connection> conexion,
+                                                            std::shared_ptr<Empresa> empresa) = 0;
+  /// A new, empty purchase of the current company.
+  virtual std::unique_ptr<CompraMini> NuevaCompraMini(std::shared_ptr<Connection> conexion,
+                                                      std::shared_ptr<Empresa> empresa) = 0;
   /// Printing of invoices of a company. `entorno` must outlive the result. Raises `Error`.
   virtual std::unique_ptr<ImpresionFactura> NuevaImpresionFactura(
       Entorno& entorno, std::shared_ptr<Connection> conexion, std::shared_ptr<Empresa> empresa) = 0;

@@ -3,6 +3,17 @@
 #include <algorithm>
 
 namespace kvraedi {
+namespace {
+
+/// The first path of a queue, taken out of it.
+std::optional<std::filesystem::path> Next(std::deque<std::filesystem::path>& queue) {
+  if (queue.empty()) return std::nullopt;
+  std::filesystem::path path = std::move(queue.front());
+  queue.pop_front();
+  return path;
+}
+
+}  // namespace
 
 HeadlessToolkit::~HeadlessToolkit() {
   for (auto& [form, window] : windows_) form->DetachView();
@@ -26,10 +37,12 @@ ui::Answer HeadlessToolkit::Show(const ui::MessageBox& box) {
 
 std::optional<std::filesystem::path> HeadlessToolkit::ChooseFile(const ui::FileDialog& dialog) {
   fileDialogs_.push_back(dialog);
-  if (files_.empty()) return std::nullopt;
-  std::filesystem::path file = std::move(files_.front());
-  files_.pop_front();
-  return file;
+  return Next(files_);
+}
+
+std::optional<std::filesystem::path> HeadlessToolkit::ChooseFolder(const ui::FolderDialog& dialog) {
+  folderDialogs_.push_back(dialog);
+  return Next(folders_);
 }
 
 void HeadlessToolkit::Open(ui::Form& form, ui::ShowMode mode, ui::Form* /*owner*/) {

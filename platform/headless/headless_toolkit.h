@@ -28,9 +28,12 @@ class HeadlessToolkit : public ui::Toolkit {
 
   /// Queues the file for the next dialog that asks for one; without one the user gives up.
   void QueueFile(std::filesystem::path file) { files_.push_back(std::move(file)); }
+  /// The same for a folder.
+  void QueueFolder(std::filesystem::path folder) { folders_.push_back(std::move(folder)); }
 
   /// The dialogs shown so far.
   const std::vector<ui::FileDialog>& FileDialogs() const { return fileDialogs_; }
+  const std::vector<ui::FolderDialog>& FolderDialogs() const { return folderDialogs_; }
   const std::vector<ui::MessageBox>& Messages() const { return messages_; }
   /// Called with every box when it is shown.
   std::function<void(const ui::MessageBox&)> onMessage;
@@ -40,6 +43,7 @@ class HeadlessToolkit : public ui::Toolkit {
 
   ui::Answer Show(const ui::MessageBox& box) override;
   std::optional<std::filesystem::path> ChooseFile(const ui::FileDialog& dialog) override;
+  std::optional<std::filesystem::path> ChooseFolder(const ui::FolderDialog& dialog) override;
   void Open(ui::Form& form, ui::ShowMode mode, ui::Form* owner) override;
   void Hide(ui::Form& form) override;
   void Close(ui::Form& form) override;
@@ -56,7 +60,9 @@ class HeadlessToolkit : public ui::Toolkit {
   std::map<std::string, std::deque<Steps>> steps_;
   std::deque<ui::Answer> answers_;
   std::deque<std::filesystem::path> files_;
+  std::deque<std::filesystem::path> folders_;
   std::vector<ui::FileDialog> fileDialogs_;
+  std::vector<ui::FolderDialog> folderDialogs_;
   std::vector<ui::MessageBox> messages_;
   std::map<ui::Form*, Window> windows_;
   ui::Pointer pointer_ = ui::Pointer::kDefault;

@@ -40,7 +40,10 @@ class LabelBinding : public ControlBinding {
     LabelBinding::Refresh();
   }
   void Refresh() override {
-    label_.setText(ToQt(control_.Caption()));
+    constexpr int kLongest = 60;  // characters on one line, so that none makes the window too wide
+    const QString caption = ToQt(control_.Caption());
+    label_.setWordWrap(caption.size() > kLongest);
+    label_.setText(caption);
     ShowState();
   }
 

@@ -11,6 +11,7 @@ namespace kvraedi::qt {
 std::unique_ptr<Binding> Bind(ui::Label& control, QWidget& parent);
 std::unique_ptr<Binding> Bind(ui::Button& control, QWidget& parent);
 std::unique_ptr<Binding> Bind(ui::TextBox& control, QWidget& parent);
+std::unique_ptr<Binding> Bind(ui::TextArea& control, QWidget& parent);
 std::unique_ptr<Binding> Bind(ui::DateBox& control, QWidget& parent);
 std::unique_ptr<Binding> Bind(ui::NumericBox& control, QWidget& parent);
 std::unique_ptr<Binding> Bind(ui::ComboBox& control, QWidget& parent);

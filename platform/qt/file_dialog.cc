@@ -21,17 +21,18 @@ QStringList NativeFilters(const std::string& filter) {
   return filters;
 }
 
-}  // namespace
+/// The window below may go while the dialog is open, and take the dialog with it.
+using NativeDialog = QPointer<QFileDialog>;
 
-std::optional<std::filesystem::path> ShowFileDialog(const ui::FileDialog& dialog) {
-  // The window below may go while the dialog is open, and take the dialog with it.
-  const QPointer<QFileDialog> native = new QFileDialog(QApplication::activeWindow());
+NativeDialog NewDialog(const std::string& title, const std::filesystem::path& folder) {
+  const NativeDialog native = new QFileDialog(QApplication::activeWindow());
   native->setOption(QFileDialog::DontUseNativeDialog);
-  native->setFileMode(QFileDialog::ExistingFile);
-  native->setNameFilters(NativeFilters(dialog.filter));
-  if (!dialog.title.empty()) native->setWindowTitle(ToQt(dialog.title));
-  if (!dialog.folder.empty()) native->setDirectory(ToQt(dialog.folder.string()));
-  if (!dialog.name.empty()) native->selectFile(ToQt(dialog.name));
+  if (!title.empty()) native->setWindowTitle(ToQt(title));
+  if (!folder.empty()) native->setDirectory(ToQt(folder.string()));
+  return native;
+}
+
+std::optional<std::filesystem::path> Ask(const NativeDialog& native) {
   const bool accepted = native->exec() == QDialog::Accepted;
   std::optional<std::filesystem::path> chosen;
   if (accepted && native && !native->selectedFiles().isEmpty()) {
@@ -39,6 +40,23 @@ std::optional<std::filesystem::path> ShowFileDialog(const ui::FileDialog& dialog
   }
   delete native;
   return chosen;
+}
+
+}  // namespace
+
+std::optional<std::filesystem::path> ShowFileDialog(const ui::FileDialog& dialog) {
+  const NativeDialog native = NewDialog(dialog.title, dialog.folder);
+  native->setFileMode(QFileDialog::ExistingFile);
+  native->setNameFilters(NativeFilters(dialog.filter));
+  if (!dialog.name.empty()) native->selectFile(ToQt(dialog.name));
+  return Ask(native);
+}
+
+std::optional<std::filesystem::path> ShowFolderDialog(const ui::FolderDialog& dialog) {
+  const NativeDialog native = NewDialog(dialog.title, dialog.folder);
+  native->setFileMode(QFileDialog::Directory);
+  native->setOption(QFileDialog::ShowDirsOnly);
+  return Ask(native);
 }
 
 }  // namespace kvraedi::qt

@@ -9,5 +9,6 @@ namespace kvraedi::qt {
 
 /// Shows the dialog over the active window and waits for the user.
 std::optional<std::filesystem::path> ShowFileDialog(const ui::FileDialog& dialog);
+std::optional<std::filesystem::path> ShowFolderDialog(const ui::FolderDialog& dialog);
 
 }  // namespace kvraedi::qt

@@ -5,6 +5,7 @@
 
 #include "platform/qt/field_bindings.h"
 #include "platform/qt/grid_binding.h"
+#include "platform/qt/report_binding.h"
 
 namespace kvraedi::qt {
 namespace {
@@ -45,7 +46,8 @@ QBoxLayout* FormBuilder::Build(const ui::Layout& root) {
   ui::Layout column = root;
   if (root.kind != ui::Layout::Kind::kColumn) column = ui::Column({root});
   auto* layout = static_cast<QBoxLayout*>(MakeBox(column, QBoxLayout::TopToBottom).layout);
-  layout->setContentsMargins(kMargin, kMargin, kMargin, kMargin);
+  const int margin = root.kind == ui::Layout::Kind::kControl ? 0 : kMargin;
+  layout->setContentsMargins(margin, margin, margin, margin);
   return layout;
 }
 
@@ -126,11 +128,13 @@ bool FormBuilder::FillRow(QGridLayout& grid, int row, const ui::Layout& part) {
 void FormBuilder::Visit(ui::Label& control) { bindings_.push_back(Bind(control, window_)); }
 void FormBuilder::Visit(ui::Button& control) { bindings_.push_back(Bind(control, window_)); }
 void FormBuilder::Visit(ui::TextBox& control) { bindings_.push_back(Bind(control, window_)); }
+void FormBuilder::Visit(ui::TextArea& control) { bindings_.push_back(Bind(control, window_)); }
 void FormBuilder::Visit(ui::DateBox& control) { bindings_.push_back(Bind(control, window_)); }
 void FormBuilder::Visit(ui::NumericBox& control) { bindings_.push_back(Bind(control, window_)); }
 void FormBuilder::Visit(ui::ComboBox& control) { bindings_.push_back(Bind(control, window_)); }
 void FormBuilder::Visit(ui::CheckBox& control) { bindings_.push_back(Bind(control, window_)); }
 void FormBuilder::Visit(ui::Picker& control) { bindings_.push_back(Bind(control, window_)); }
 void FormBuilder::Visit(ui::Grid& control) { bindings_.push_back(Bind(control, window_)); }
+void FormBuilder::Visit(ui::ReportViewer& control) { bindings_.push_back(Bind(control, window_)); }
 
 }  // namespace kvraedi::qt

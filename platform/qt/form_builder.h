@@ -39,12 +39,14 @@ class FormBuilder : private ui::ControlVisitor {
   void Visit(ui::Label& control) override;
   void Visit(ui::Button& control) override;
   void Visit(ui::TextBox& control) override;
+  void Visit(ui::TextArea& control) override;
   void Visit(ui::DateBox& control) override;
   void Visit(ui::NumericBox& control) override;
   void Visit(ui::ComboBox& control) override;
   void Visit(ui::CheckBox& control) override;
   void Visit(ui::Picker& control) override;
   void Visit(ui::Grid& control) override;
+  void Visit(ui::ReportViewer& control) override;
 
   QWidget& window_;
   std::vector<std::unique_ptr<Binding>> bindings_;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QCloseEvent>
 #include <QElapsedTimer>
+#include <QKeyEvent>
 #include <QLayout>
 #include <QPointer>
 #include <QScreen>
@@ -97,6 +98,19 @@ void FormWindow::PaintNow() {
   if (!self) return;
   repaint();
   QApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+}
+
+void FormWindow::keyPressEvent(QKeyEvent* event) {
+  const int key = event->key();
+  if (key == Qt::Key_Escape && windowModality() != Qt::NonModal) {
+    close();
+    return;
+  }
+  if (form_ == nullptr || key < Qt::Key_F1 || key > Qt::Key_F12) {
+    QWidget::keyPressEvent(event);
+    return;
+  }
+  RunUserAction([&] { form_->PressFunctionKey(key - Qt::Key_F1 + 1); });
 }
 
 void FormWindow::closeEvent(QCloseEvent* event) {

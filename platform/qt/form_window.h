@@ -31,6 +31,7 @@ class FormWindow : public QWidget, public ui::FormView {
 
  protected:
   void closeEvent(QCloseEvent* event) override;
+  void keyPressEvent(QKeyEvent* event) override;
 
  private:
   void Place(const QWidget* owner);

@@ -44,6 +44,7 @@ class GridBinding : public Binding, public ui::GridView {
     CurrentRowChanged();
   }
   void CellChanged(int row, int col) override { model_->CellChanged(row, col); }
+  void FitColumn(int col) override { table_.resizeColumnToContents(col); }
   void CurrentRowChanged() override {
     const QModelIndex before = table_.currentIndex();
     if (grid_.Row() == before.row() + 1) return;

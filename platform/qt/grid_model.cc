@@ -1,5 +1,7 @@
 #include "platform/qt/grid_model.h"
 
+#include <algorithm>
+
 #include "platform/qt/texts.h"
 
 namespace kvraedi::qt {
@@ -24,8 +26,8 @@ GridModel::GridModel(const ui::Grid& grid) : grid_(&grid) { TakeColumns(); }
 bool GridModel::TakeColumns() {
   std::vector<Column> columns;
   for (const ui::GridColumn& column : grid_->Columns()) {
-    columns.push_back(
-        {ToQt(column.header), column.width, column.alignment, column.hidden, column.check});
+    columns.push_back({ToQt(column.header), ToQt(column.group), column.width, column.alignment,
+                       column.hidden, column.check});
   }
   if (columns == columns_) return false;
   beginResetModel();
@@ -54,18 +56,34 @@ void GridModel::CellChanged(int row, int col) {
   if (cell.isValid()) emit dataChanged(cell, cell);
 }
 
-std::pair<int, int> GridModel::HeaderSpan(int col) const {
-  const QString& text = ColumnAt(col).header;
+template <class Joins>
+std::pair<int, int> GridModel::Span(int col, const Joins& joinsText) const {
   std::pair<int, int> span(col, col);
-  if (text.isEmpty()) return span;
   const auto joins = [&](int other) {
-    return ColumnAt(other).header == text || ColumnAt(other).hidden;
+    return ColumnAt(other).hidden || joinsText(ColumnAt(col), ColumnAt(other));
   };
   while (span.first > 0 && joins(span.first - 1)) --span.first;
   while (span.second + 1 < columnCount() && joins(span.second + 1)) ++span.second;
   while (ColumnAt(span.first).hidden && span.first < col) ++span.first;
   while (ColumnAt(span.second).hidden && span.second > col) --span.second;
   return span;
+}
+
+std::pair<int, int> GridModel::HeaderSpan(int col) const {
+  if (ColumnAt(col).header.isEmpty()) return {col, col};
+  return Span(col, [](const Column& one, const Column& other) {
+    return one.header == other.header && one.group == other.group;
+  });
+}
+
+std::pair<int, int> GridModel::GroupSpan(int col) const {
+  if (ColumnAt(col).group.isEmpty()) return {col, col};
+  return Span(col, [](const Column& one, const Column& other) { return one.group == other.group; });
+}
+
+bool GridModel::HasGroups() const {
+  return std::any_of(columns_.begin(), columns_.end(),
+                     [](const Column& column) { return !column.group.isEmpty(); });
 }
 
 int GridModel::rowCount(const QModelIndex& parent) const { return parent.isValid() ? 0 : rows_; }
@@ -75,7 +93,10 @@ int GridModel::columnCount(const QModelIndex& parent) const {
 }
 
 QVariant GridModel::CellText(const QModelIndex& index) const {
-  return ToQt(grid_->Cell(index.row() + 1, index.column()));
+  QString text = ToQt(grid_->Cell(index.row() + 1, index.column()));
+  // Rows are one line high.
+  return text.replace(QLatin1String("\r\n"), QLatin1String(" "))
+      .replace(QLatin1Char('\n'), QLatin1Char(' '));
 }
 
 QVariant GridModel::data(const QModelIndex& index, int role) const {

@@ -15,6 +15,7 @@ class GridModel : public QAbstractTableModel {
  public:
   struct Column {
     QString header;
+    QString group;
     int twips = 0;
     ui::Alignment alignment = ui::Alignment::kLeft;
     bool hidden = false;
@@ -36,6 +37,9 @@ class GridModel : public QAbstractTableModel {
   const Column& ColumnAt(int col) const { return columns_[static_cast<std::size_t>(col)]; }
   /// First and last column under the same header text as `col`; hidden ones in between count.
   std::pair<int, int> HeaderSpan(int col) const;
+  /// The same for the group above the header.
+  std::pair<int, int> GroupSpan(int col) const;
+  bool HasGroups() const;
 
   int rowCount(const QModelIndex& parent = {}) const override;
   int columnCount(const QModelIndex& parent = {}) const override;
@@ -44,6 +48,8 @@ class GridModel : public QAbstractTableModel {
 
  private:
   QVariant CellText(const QModelIndex& index) const;
+  template <class Joins>
+  std::pair<int, int> Span(int col, const Joins& joins) const;
   int GridRows() const { return grid_->Rows() - 1; }
 
   const ui::Grid* grid_;

@@ -41,14 +41,32 @@ GridHeader::GridHeader(const GridModel& model, QWidget* parent)
 }
 
 void GridHeader::paintSection(QPainter* painter, const QRect& rect, int section) const {
-  const auto [first, last] = model_.HeaderSpan(section);
-  QRect whole = rect;
-  whole.setLeft(sectionViewportPosition(first));
-  whole.setRight(sectionViewportPosition(last) + sectionSize(last) - 1);
-  const QString text = model_.headerData(first, Qt::Horizontal, Qt::DisplayRole).toString();
+  const auto& column = model_.ColumnAt(section);
+  if (!model_.HasGroups() || column.group == column.header) {
+    PaintPart(painter, rect, model_.HeaderSpan(section), column.header);
+    return;
+  }
+  QRect above = rect;
+  above.setBottom(rect.center().y());
+  QRect below = rect;
+  below.setTop(above.bottom() + 1);
+  PaintPart(painter, above, model_.GroupSpan(section), column.group);
+  PaintPart(painter, below, model_.HeaderSpan(section), column.header);
+}
+
+void GridHeader::PaintPart(QPainter* painter, const QRect& rect, std::pair<int, int> span,
+                           const QString& text) const {
+  QStyleOptionHeader option;
+  initStyleOption(&option);
+  option.rect = rect;
+  option.rect.setLeft(sectionViewportPosition(span.first));
+  option.rect.setRight(sectionViewportPosition(span.second) + sectionSize(span.second) - 1);
+  option.section = span.first;
+  option.text = text;
+  option.textAlignment = Qt::AlignCenter;
   painter->save();
-  painter->setFont(Fitted(font(), text, whole.width() - TextMargins(*this)));
-  QHeaderView::paintSection(painter, whole, first);
+  painter->setFont(Fitted(font(), text, option.rect.width() - TextMargins(*this)));
+  style()->drawControl(QStyle::CE_Header, &option, painter, this);
   painter->restore();
 }
 
@@ -99,7 +117,8 @@ GridTable::GridTable(GridModel& model, QWidget* parent) : QTableView(parent), mo
 void GridTable::ShowColumns() {
   constexpr int kHeaderRoom = 8;
   horizontalHeader()->setMinimumSectionSize(kHeaderRoom);
-  horizontalHeader()->setFixedHeight(fontMetrics().height() + 2 * kHeaderRoom);
+  const int rows = model_.HasGroups() ? 2 : 1;
+  horizontalHeader()->setFixedHeight(rows * (fontMetrics().height() + 2 * kHeaderRoom));
   for (int col = 0; col < model_.columnCount(); ++col) {
     const auto& column = model_.ColumnAt(col);
     setColumnHidden(col, column.hidden);
@@ -113,9 +132,11 @@ QSize GridTable::SizeForRows(int width, int rows) const {
 }
 
 QSize GridTable::sizeHint() const {
-  constexpr int kRows = 16;
+  constexpr int kRows = 16, kFewRows = 7, kNarrow = 450;
+  const int width = horizontalHeader()->length();
   const int bar = verticalScrollBar()->sizeHint().width();
-  return SizeForRows(horizontalHeader()->length() + bar, kRows).expandedTo(minimumSizeHint());
+  // A narrow grid shows a detail of something, and has few rows.
+  return SizeForRows(width + bar, width < kNarrow ? kFewRows : kRows).expandedTo(minimumSizeHint());
 }
 
 QSize GridTable::minimumSizeHint() const {

@@ -17,6 +17,10 @@ class GridHeader : public QHeaderView {
   void paintSection(QPainter* painter, const QRect& rect, int section) const override;
 
  private:
+  /// Draws one text over a range of sections.
+  void PaintPart(QPainter* painter, const QRect& rect, std::pair<int, int> span,
+                 const QString& text) const;
+
   const GridModel& model_;
 };
 

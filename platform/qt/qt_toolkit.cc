@@ -51,6 +51,10 @@ std::optional<std::filesystem::path> QtToolkit::ChooseFile(const ui::FileDialog&
   return qt::ShowFileDialog(dialog);
 }
 
+std::optional<std::filesystem::path> QtToolkit::ChooseFolder(const ui::FolderDialog& dialog) {
+  return qt::ShowFolderDialog(dialog);
+}
+
 void QtToolkit::Open(ui::Form& form, ui::ShowMode mode, ui::Form* owner) {
   qt::FormWindow*& entry = windows_[&form];
   if (entry == nullptr) entry = new qt::FormWindow(form);

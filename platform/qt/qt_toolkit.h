@@ -33,6 +33,7 @@ class QtToolkit : public ui::Toolkit {
 
   ui::Answer Show(const ui::MessageBox& box) override;
   std::optional<std::filesystem::path> ChooseFile(const ui::FileDialog& dialog) override;
+  std::optional<std::filesystem::path> ChooseFolder(const ui::FolderDialog& dialog) override;
   void Open(ui::Form& form, ui::ShowMode mode, ui::Form* owner) override;
   void Hide(ui::Form& form) override;
   void Close(ui::Form& form) override;

@@ -30,5 +30,8 @@ std::string_view CollationOf(ColumnKind kind);
 inline bool IsDate(ColumnKind kind) {
   return kind == ColumnKind::kDate || kind == ColumnKind::kDay;
 }
+inline bool IsNumber(ColumnKind kind) {
+  return kind == ColumnKind::kInteger || kind == ColumnKind::kReal;
+}
 
 }  // namespace kvraedi::sqlite

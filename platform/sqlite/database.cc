@@ -44,7 +44,7 @@ Database::Database(const std::string& path, const SqliteOptions& options) {
       SQLITE_OPEN_READWRITE | SQLITE_OPEN_NOMUTEX | (options.create ? SQLITE_OPEN_CREATE : 0);
   const int result = sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr);
   try {
-    if (result != SQLITE_OK) ThrowLast();
+    Check(result);
     sqlite3_busy_timeout(handle_, kBusyMilliseconds);
     // A name in double quotes that does not exist is an error, not a text.
     sqlite3_db_config(handle_, SQLITE_DBCONFIG_DQS_DML, 0, nullptr);
@@ -70,7 +70,7 @@ StatementPtr Database::Prepare(std::string_view sql, bool lasting) {
   const int result =
       sqlite3_prepare_v3(handle_, sql.data(), static_cast<int>(sql.size()),
                          lasting ? SQLITE_PREPARE_PERSISTENT : 0, &statement, nullptr);
-  if (result != SQLITE_OK) ThrowLast();
+  Check(result);
   return StatementPtr(statement);
 }
 
@@ -89,11 +89,27 @@ bool Database::Step(sqlite3_stmt* statement) {
 
 void Database::Run(std::string_view sql) {
   const std::string text(sql);
-  if (sqlite3_exec(handle_, text.c_str(), nullptr, nullptr, nullptr) != SQLITE_OK) ThrowLast();
+  Check(sqlite3_exec(handle_, text.c_str(), nullptr, nullptr, nullptr));
+}
+
+void Database::RunAll(std::string_view sql) {
+  Run("SAVEPOINT kvr");
+  try {
+    Run(sql);
+    Run("RELEASE kvr");
+  } catch (const Error&) {
+    // Some failures (a full disk) have made SQLite roll back by itself.
+    if (InTransaction()) Run("ROLLBACK TO kvr; RELEASE kvr");
+    throw;
+  }
+}
+
+void Database::Check(int result) const {
+  if (result != SQLITE_OK) ThrowLast();
 }
 
 bool Database::InTransaction() const { return sqlite3_get_autocommit(handle_) == 0; }
 
-void Database::ThrowLast() { throw Error(kErrorDatabase, "SQLite", sqlite3_errmsg(handle_)); }
+void Database::ThrowLast() const { throw Error(kErrorDatabase, "SQLite", sqlite3_errmsg(handle_)); }
 
 }  // namespace kvraedi::sqlite

@@ -33,10 +33,14 @@ class Database {
   /// statement is reset.
   bool Step(sqlite3_stmt* statement);
   void Run(std::string_view sql);
+  /// Runs one or more statements: all of them or, when one fails, none.
+  void RunAll(std::string_view sql);
+  /// Raises unless `result`, of the call just made, is SQLITE_OK.
+  void Check(int result) const;
   bool InTransaction() const;
 
  private:
-  [[noreturn]] void ThrowLast();
+  [[noreturn]] void ThrowLast() const;
 
   sqlite3* handle_ = nullptr;
   DateFault fault_;

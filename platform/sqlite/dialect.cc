@@ -4,6 +4,7 @@
 
 #include "kvraedi/error.h"
 #include "platform/sqlite/collations.h"
+#include "platform/sqlite/operands.h"
 #include "platform/sqlite/scopes.h"
 
 namespace kvraedi::sqlite {
@@ -11,7 +12,8 @@ namespace {
 
 class Marker {
  public:
-  Marker(Pieces& pieces, Schema& schema) : pieces_(pieces), schema_(schema), scopes_(pieces) {}
+  Marker(Pieces& pieces, Schema& schema)
+      : pieces_(pieces), scopes_(pieces), operands_(pieces_, scopes_, schema) {}
 
   void Mark() {
     MarkVerb();
@@ -19,7 +21,7 @@ class Marker {
       const Token& token = pieces_[i].token;
       if (token.kind == TokenKind::kWord || token.kind == TokenKind::kQuotedName) MarkWord(i);
       if (token.kind == TokenKind::kVariable) MarkVariable(i);
-      if (IsMark(token, "+")) MarkPlus(i);
+      if (IsMark(token, "+") || IsMark(token, "-")) MarkSum(i);
       if (IsMark(token, "!<")) pieces_[i].written = ">=";
       if (IsMark(token, "!>")) pieces_[i].written = "<=";
     }
@@ -166,21 +168,25 @@ class Marker {
     Write(close, std::move(behind));
   }
 
-  bool IsTextOperand(std::size_t i, bool ends_there) const {
-    if (i >= pieces_.size()) return false;
-    if (pieces_[i].token.kind == TokenKind::kText) return true;
-    const auto column =
-        ends_there ? scopes_.ColumnEndingAt(i, schema_) : scopes_.ColumnStartingAt(i, schema_);
-    return column && column->kind == ColumnKind::kText;
-  }
-
-  void MarkPlus(std::size_t i) {
-    if (i > 0 && (IsTextOperand(i - 1, true) || IsTextOperand(i + 1, false))) Write(i, "||");
+  /// "+" between texts joins them; dates are nothing that SQLite could add to.
+  void MarkSum(std::size_t i) {
+    const Stretch before = operands_.Before(i);
+    if (before.Empty()) return;  // a sign
+    const ColumnKind left = operands_.KindOf(before);
+    const ColumnKind right = operands_.KindOf(operands_.After(i));
+    if (IsDate(left) || IsDate(right)) ThrowUnsupported("sumas y restas de fechas");
+    if (IsMark(pieces_[i].token, "-")) return;
+    const bool text = left == ColumnKind::kText || right == ColumnKind::kText;
+    if (text && (IsNumber(left) || IsNumber(right))) ThrowUnsupported("sumas de texto y número");
+    if (!text && !IsNumber(left) && !IsNumber(right)) {
+      ThrowUnsupported("una suma de la que no se sabe si es de textos o de números");
+    }
+    if (text) Write(i, "||");
   }
 
   Pieces& pieces_;
-  Schema& schema_;
   Scopes scopes_;
+  Operands operands_;
 };
 
 }  // namespace

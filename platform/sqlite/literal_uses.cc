@@ -1,6 +1,7 @@
 #include "platform/sqlite/literal_uses.h"
 
 #include "platform/sqlite/collations.h"
+#include "platform/sqlite/operands.h"
 #include "platform/sqlite/scopes.h"
 
 namespace kvraedi::sqlite {
@@ -10,9 +11,17 @@ constexpr std::size_t kNowhere = static_cast<std::size_t>(-1);
 
 std::string Collate(std::string_view name) { return "COLLATE " + std::string(name); }
 
+/// What a literal is compared with.
+struct Side {
+  ColumnKind kind = ColumnKind::kUnknown;
+  std::size_t last = 0;  // the piece that ends it
+  bool column = false;   // nothing but a column, which has its collation
+};
+
 class Marker {
  public:
-  Marker(Pieces& pieces, Schema& schema) : pieces_(pieces), schema_(schema), scopes_(pieces) {}
+  Marker(Pieces& pieces, Schema& schema)
+      : pieces_(pieces), schema_(schema), scopes_(pieces), operands_(pieces_, scopes_, schema) {}
 
   void Mark() {
     MarkInsert();
@@ -21,7 +30,7 @@ class Marker {
       set_end_ = FindWord(pieces_, set_, pieces_.size(), {"FROM", "WHERE"});
     }
     for (std::size_t i = 0; i < pieces_.size(); ++i) {
-      if (IsComparison(i)) MarkComparison(i);
+      if (IsComparison(pieces_, i)) MarkComparison(i);
       if (WordAt(pieces_, i, "BETWEEN")) MarkBetween(i);
       if (WordAt(pieces_, i, "IN") && MarkAt(pieces_, i + 1, "(")) MarkIn(i);
       if (WordAt(pieces_, i, "ISNULL") && MarkAt(pieces_, i + 1, "(")) MarkIsNull(i);
@@ -29,13 +38,6 @@ class Marker {
   }
 
  private:
-  bool IsComparison(std::size_t i) const {
-    for (const char* mark : {"=", "<>", "!=", "<", ">", "<=", ">=", "!<", "!>"}) {
-      if (MarkAt(pieces_, i, mark)) return true;
-    }
-    return false;
-  }
-
   bool IsArithmetic(std::size_t i) const {
     for (const char* mark : {"+", "-", "*", "/", "%", "&", "|", "^", "."}) {
       if (MarkAt(pieces_, i, mark)) return true;
@@ -67,11 +69,43 @@ class Marker {
     literal.use = UseBeside(kind, literal.token.kind == TokenKind::kText);
   }
 
-  void MarkCompared(Piece& literal, const ColumnUse& column) {
-    MarkStored(literal, column.kind);
-    if (literal.use == LiteralUse::kNumberText) {
-      pieces_[column.last].after = Collate(kNumberCollation);
+  /// Nothing for a name that is not known: the column of a subquery brings its collation along.
+  std::optional<Side> SideOf(const std::optional<ColumnUse>& column, Stretch stretch) const {
+    if (column) return Side{column->kind, column->last, true};
+    const bool name =
+        NameAt(pieces_, stretch.begin) &&
+        (stretch.end - stretch.begin == 1 ||
+         (stretch.end - stretch.begin == 3 && MarkAt(pieces_, stretch.begin + 1, ".")));
+    if (stretch.Empty() || name) return std::nullopt;
+    return Side{operands_.KindOf(stretch), stretch.end - 1, false};
+  }
+
+  std::optional<Side> SideBefore(std::size_t i) const {
+    return SideOf(ColumnBefore(i), operands_.Before(i));
+  }
+
+  std::optional<Side> SideAfter(std::size_t i) const {
+    return SideOf(ColumnAt(i + 1), operands_.After(i));
+  }
+
+  void MarkCompared(Piece& literal, const Side& side) {
+    const bool text = literal.token.kind == TokenKind::kText;
+    if (text && side.kind == ColumnKind::kUnknown && !side.column) {
+      ThrowUnsupported("la comparación de " + std::string(literal.token.text) +
+                       " con una expresión de tipo desconocido");
     }
+    MarkStored(literal, side.kind);
+    if (literal.use == LiteralUse::kNumberText) {
+      pieces_[side.last].after = Collate(kNumberCollation);
+    } else {
+      MarkCollation(side);
+    }
+  }
+
+  /// An expression is compared as its columns are.
+  void MarkCollation(const Side& side) {
+    const std::string_view collation = CollationOf(side.kind);
+    if (!side.column && !collation.empty()) pieces_[side.last].after = Collate(collation);
   }
 
   bool IsAssignment(const ColumnUse& column) const {
@@ -80,35 +114,40 @@ class Marker {
   }
 
   void MarkComparison(std::size_t i) {
-    if (WholeLiteral(i + 1)) {
-      const auto column = ColumnBefore(i);
-      if (column && IsAssignment(*column)) {
-        MarkStored(pieces_[i + 1], column->kind);
-      } else if (column) {
-        MarkCompared(pieces_[i + 1], *column);
-      }
-    } else if (i > 0 && WholeLiteral(i - 1)) {
-      if (const auto column = ColumnAt(i + 1)) MarkCompared(pieces_[i - 1], *column);
+    const auto column = ColumnBefore(i);
+    if (column && IsAssignment(*column)) {
+      if (WholeLiteral(i + 1)) MarkStored(pieces_[i + 1], column->kind);
+      return;
+    }
+    const auto left = SideBefore(i);
+    const auto right = SideAfter(i);
+    if (left && WholeLiteral(i + 1)) {
+      MarkCompared(pieces_[i + 1], *left);
+    } else if (right && i > 0 && WholeLiteral(i - 1)) {
+      MarkCompared(pieces_[i - 1], *right);
+    } else if (left && right && !left->column && !right->column) {
+      MarkCollation(left->kind == ColumnKind::kUnknown ? *right : *left);
     }
   }
 
-  /// column BETWEEN low AND high, or literal BETWEEN column AND column.
+  /// expression BETWEEN low AND high, or literal BETWEEN column AND column.
   void MarkBetween(std::size_t i) {
     const std::size_t operand = WordAt(pieces_, i - 1, "NOT") ? i - 1 : i;
     const std::size_t both = FindWord(pieces_, i, pieces_.size(), {"AND"});
-    if (const auto column = ColumnBefore(operand)) {
-      if (WholeLiteral(i + 1)) MarkCompared(pieces_[i + 1], *column);
-      if (WholeLiteral(both + 1)) MarkCompared(pieces_[both + 1], *column);
-    } else if (operand > 0 && WholeLiteral(operand - 1)) {
-      if (const auto low = ColumnAt(i + 1)) MarkCompared(pieces_[operand - 1], *low);
+    if (operand > 0 && WholeLiteral(operand - 1)) {
+      if (const auto low = SideAfter(i)) MarkCompared(pieces_[operand - 1], *low);
+    } else if (const auto side = SideBefore(operand)) {
+      if (WholeLiteral(i + 1)) MarkCompared(pieces_[i + 1], *side);
+      if (WholeLiteral(both + 1)) MarkCompared(pieces_[both + 1], *side);
     }
   }
 
   void MarkIn(std::size_t i) {
-    const auto column = ColumnBefore(i > 0 && WordAt(pieces_, i - 1, "NOT") ? i - 1 : i);
-    if (!column) return;
+    const auto side = SideBefore(i > 0 && WordAt(pieces_, i - 1, "NOT") ? i - 1 : i);
+    if (!side) return;
+    MarkCollation(*side);
     for (const auto& [begin, end] : SplitAtCommas(pieces_, i + 2, Closing(pieces_, i + 1))) {
-      if (end - begin == 1 && IsLiteral(pieces_[begin])) MarkCompared(pieces_[begin], *column);
+      if (end - begin == 1 && IsLiteral(pieces_[begin])) MarkCompared(pieces_[begin], *side);
     }
   }
 
@@ -120,7 +159,9 @@ class Marker {
       MarkStored(pieces_[close - 1], column->kind);
     }
     const std::string_view collation = CollationOf(column->kind);
-    if (!collation.empty()) pieces_[close].after = Collate(collation);
+    if (!collation.empty() && pieces_[close].after.empty()) {
+      pieces_[close].after = Collate(collation);
+    }
   }
 
   void MarkInsert() {
@@ -138,17 +179,17 @@ class Marker {
       }
       i = close;
     } else {
-      kinds = AllButIdentity(table, pieces_[i]);
+      kinds = AllButAutomatic(table, pieces_[i]);
     }
     MarkInserted(i + 1, kinds);
   }
 
-  /// Without a list, values stand for the columns in order, identity columns left out.
-  static std::vector<ColumnKind> AllButIdentity(const Table& table, Piece& name) {
+  /// Without a list, values stand for the columns in order, automatic columns left out.
+  static std::vector<ColumnKind> AllButAutomatic(const Table& table, Piece& name) {
     std::vector<ColumnKind> kinds;
     std::string list;
     for (const Column& column : table.columns) {
-      if (column.identity) continue;
+      if (column.automatic) continue;
       kinds.push_back(column.kind);
       list += (list.empty() ? "" : ", ") + Quoted(column.name);
     }
@@ -185,6 +226,7 @@ class Marker {
   Pieces& pieces_;
   Schema& schema_;
   Scopes scopes_;
+  Operands operands_;
   std::size_t set_ = kNowhere;
   std::size_t set_end_ = 0;
 };

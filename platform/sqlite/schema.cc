@@ -22,7 +22,8 @@ const Table& Schema::Find(std::string_view table) {
 
 Table Schema::Read(const std::string& table) {
   Table result;
-  const StatementPtr rows = database_.Prepare("SELECT name, type, pk FROM pragma_table_info(?)");
+  const StatementPtr rows =
+      database_.Prepare("SELECT name, type, pk, hidden FROM pragma_table_xinfo(?)");
   sqlite3_bind_text(rows.get(), 1, table.data(), static_cast<int>(table.size()), SQLITE_TRANSIENT);
   while (database_.Step(rows.get())) {
     const auto text = [&rows](int field) {
@@ -31,7 +32,8 @@ Table Schema::Read(const std::string& table) {
     // Identity columns are the only ones that are declared with exactly this type.
     const std::string type = text(1);
     const bool identity = type == "INTEGER" && sqlite3_column_int(rows.get(), 2) != 0;
-    result.columns.push_back({Folded(text(0)), KindOfDeclared(type), identity});
+    const bool computed = sqlite3_column_int(rows.get(), 3) != 0;
+    result.columns.push_back({Folded(text(0)), KindOfDeclared(type), identity || computed});
     result.has_identity = result.has_identity || identity;
   }
   return result;

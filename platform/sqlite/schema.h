@@ -14,7 +14,7 @@ namespace kvraedi::sqlite {
 struct Column {
   std::string name;  // folded
   ColumnKind kind = ColumnKind::kUnknown;
-  bool identity = false;
+  bool automatic = false;  // an identity or a computed column: never given a value
 };
 
 struct Table {

@@ -67,8 +67,7 @@ std::optional<ColumnUse> Scopes::ColumnEndingAt(std::size_t i, Schema& schema) c
   if (!NameAt(pieces_, i)) return std::nullopt;
   std::size_t first = i;
   while (first >= 2 && MarkAt(pieces_, first - 1, ".") && NameAt(pieces_, first - 2)) first -= 2;
-  const auto kind = Resolve(first, i, schema);
-  return kind ? std::optional(ColumnUse{*kind, first, i}) : std::nullopt;
+  return Resolve(first, i, schema);
 }
 
 std::optional<ColumnUse> Scopes::ColumnStartingAt(std::size_t i, Schema& schema) const {
@@ -76,12 +75,11 @@ std::optional<ColumnUse> Scopes::ColumnStartingAt(std::size_t i, Schema& schema)
   std::size_t last = i;
   while (MarkAt(pieces_, last + 1, ".") && NameAt(pieces_, last + 2)) last += 2;
   if (MarkAt(pieces_, last + 1, "(")) return std::nullopt;
-  const auto kind = Resolve(i, last, schema);
-  return kind ? std::optional(ColumnUse{*kind, i, last}) : std::nullopt;
+  return Resolve(i, last, schema);
 }
 
-std::optional<ColumnKind> Scopes::Resolve(std::size_t first, std::size_t last,
-                                          Schema& schema) const {
+std::optional<ColumnUse> Scopes::Resolve(std::size_t first, std::size_t last,
+                                         Schema& schema) const {
   const std::string column = Folded(NameOf(pieces_[last].token));
   const std::string qualifier =
       first == last ? std::string() : Folded(NameOf(pieces_[last - 2].token));
@@ -89,7 +87,9 @@ std::optional<ColumnKind> Scopes::Resolve(std::size_t first, std::size_t last,
     const Scope& scope = scopes_[static_cast<std::size_t>(at)];
     for (const Source& source : scope.sources) {
       if (!qualifier.empty() && source.alias != qualifier) continue;
-      if (const auto kind = schema.Find(source.table).KindOf(column)) return kind;
+      if (const auto kind = schema.Find(source.table).KindOf(column)) {
+        return ColumnUse{*kind, first, last, source.table};
+      }
     }
     if (scope.has_subquery) return std::nullopt;
     at = scope.parent;

@@ -21,6 +21,7 @@ struct ColumnUse {
   ColumnKind kind = ColumnKind::kUnknown;
   std::size_t first = 0;
   std::size_t last = 0;
+  std::string table;  // folded
 };
 
 /// Knows which tables can be seen from each place of a statement.
@@ -51,7 +52,7 @@ class Scopes {
   void VisitWord(std::size_t i, Level& level);
   void AddScope(Level& level);
   void AddSource(std::size_t i, Level& level);
-  std::optional<ColumnKind> Resolve(std::size_t first, std::size_t last, Schema& schema) const;
+  std::optional<ColumnUse> Resolve(std::size_t first, std::size_t last, Schema& schema) const;
 
   const Pieces& pieces_;
   std::vector<Scope> scopes_;

@@ -94,7 +94,6 @@ class Reader {
   void TakeWord(std::string_view word) {
     fixed_ = FixesNumbers(word);
     if (Same(word, "ORDER")) order_depth_ = depth_;
-    if (word.starts_with('#')) shape_.cacheable = false;
   }
 
   void TakeMark(const Token& token) {

@@ -21,7 +21,7 @@ enum class StatementKind : std::uint8_t {
 /// number of rows (TOP 1) belong to the shape.
 struct Shape {
   StatementKind kind = StatementKind::kChange;
-  bool cacheable = true;  // false when a temporary table is named
+  bool cacheable = true;  // false when it has too many literals
   std::string key;
   std::vector<Literal> literals;  // in the order of the text, which they point into
 };

@@ -29,23 +29,20 @@ namespace {
   throw Error(kErrorDatabase, "SQLite", description);
 }
 
-void BindValue(sqlite3_stmt* statement, int index, const LiteralValue& value, bool copies) {
+int BindValue(sqlite3_stmt* statement, int index, const LiteralValue& value, bool copies) {
   const std::string_view text = value.Text();
   const auto owner = copies || value.view.data() == nullptr ? SQLITE_TRANSIENT : SQLITE_STATIC;
   switch (value.type) {
     case LiteralValue::Type::kInteger:
-      sqlite3_bind_int64(statement, index, value.integer);
-      break;
+      return sqlite3_bind_int64(statement, index, value.integer);
     case LiteralValue::Type::kReal:
-      sqlite3_bind_double(statement, index, value.real);
-      break;
-    case LiteralValue::Type::kText:
-      sqlite3_bind_text64(statement, index, text.data(), text.size(), owner, SQLITE_UTF8);
-      break;
+      return sqlite3_bind_double(statement, index, value.real);
     case LiteralValue::Type::kBlob:
-      sqlite3_bind_blob64(statement, index, text.data(), text.size(), owner);
+      return sqlite3_bind_blob64(statement, index, text.data(), text.size(), owner);
+    case LiteralValue::Type::kText:
       break;
   }
+  return sqlite3_bind_text64(statement, index, text.data(), text.size(), owner, SQLITE_UTF8);
 }
 
 /// Whether a definition is one of a function: "CREATE [OR ALTER] FUNCTION", "ALTER FUNCTION", ...
@@ -93,6 +90,7 @@ Lease SqliteConnection::Impl::Acquire(std::string_view sql) {
     if (auto known = cache_.Find(shape_.key)) return Lease(std::move(known));
   }
   Translation translation = Translate(sql, shape_.literals, schema_, functions_);
+  for (const std::string& index : translation.indexes) database_->Run(index);
   auto prepared = std::make_shared<Prepared>();
   prepared->key = shape_.key;
   prepared->slots = std::move(translation.slots);
@@ -105,8 +103,8 @@ Lease SqliteConnection::Impl::Acquire(std::string_view sql) {
 void SqliteConnection::Impl::Bind(const Lease& lease, bool copies) const {
   int index = 0;
   for (const Slot& slot : lease.Slots()) {
-    BindValue(lease.Statement(), ++index, Evaluate(shape_.literals[slot.literal], slot.use),
-              copies);
+    database_->Check(BindValue(lease.Statement(), ++index,
+                               Evaluate(shape_.literals[slot.literal], slot.use), copies));
   }
 }
 
@@ -142,9 +140,9 @@ void SqliteConnection::Impl::UpdateBlob(std::string_view sql, std::string_view f
   const StatementPtr update = database_->Prepare("UPDATE " + Quoted(query.table) + " SET " +
                                                  Quoted(field) + " = ?1 WHERE rowid = ?2");
   // No bytes are an empty value, not a null.
-  sqlite3_bind_blob64(update.get(), 1, bytes.empty() ? "" : static_cast<const void*>(bytes.data()),
-                      bytes.size(), SQLITE_STATIC);
-  sqlite3_bind_int64(update.get(), 2, key);
+  const void* const data = bytes.empty() ? "" : static_cast<const void*>(bytes.data());
+  database_->Check(sqlite3_bind_blob64(update.get(), 1, data, bytes.size(), SQLITE_STATIC));
+  database_->Check(sqlite3_bind_int64(update.get(), 2, key));
   database_->Step(update.get());
 }
 
@@ -152,7 +150,7 @@ void SqliteConnection::Impl::Define(std::string_view sql) {
   has_defined_ = true;
   const Pieces pieces = ReadPieces(sql);
   if (!DefinesFunction(pieces)) {
-    database_->Run(TranslateDefinition(sql, schema_, functions_));
+    database_->RunAll(TranslateDefinition(sql, schema_, functions_));
   } else if (WordAt(pieces, 0, "DROP")) {
     functions_.Drop(sql);
   } else {

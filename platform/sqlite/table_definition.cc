@@ -27,7 +27,10 @@ struct ColumnDefinition {
   bool primary_key = false;
   bool unique = false;
   std::string default_value;
+  std::string computed;  // its expression, when it has one
 };
+
+using Columns = std::vector<ColumnDefinition>;
 
 struct KeyDefinition {
   bool primary = false;
@@ -93,7 +96,8 @@ class Parser {
   std::string DropIndex();
   std::string Drop();
 
-  ColumnDefinition TakeColumn();
+  ColumnDefinition TakeColumn(const Columns& before);
+  void TakeComputed(ColumnDefinition& column, const Columns& before);
   void TakeType(ColumnDefinition& column);
   bool TakeOption(ColumnDefinition& column);
   std::string TakeDefault(ColumnKind kind);
@@ -177,9 +181,34 @@ bool Parser::TakeOption(ColumnDefinition& column) {
   return true;
 }
 
-ColumnDefinition Parser::TakeColumn() {
+/// An expression over columns that stand before; the first of them gives its type.
+void Parser::TakeComputed(ColumnDefinition& column, const Columns& before) {
+  const std::size_t begin = at_;
+  for (; !Ends() && !MarkAt(pieces_, at_, ",") && !WordAt(pieces_, at_, "PERSISTED"); ++at_) {
+    if (MarkAt(pieces_, at_, ")")) break;
+    if (MarkAt(pieces_, at_, "(")) at_ = Closing(pieces_, at_);
+  }
+  auto source = before.end();
+  for (std::size_t i = begin; i < at_ && source == before.end(); ++i) {
+    if (!NameAt(pieces_, i)) continue;
+    const std::string name = Folded(NameOf(pieces_[i].token));
+    source = std::find_if(before.begin(), before.end(),
+                          [&name](const ColumnDefinition& c) { return Folded(c.name) == name; });
+  }
+  Demand(source != before.end());
+  column.type = source->type;
+  column.kind = source->kind;
+  column.computed = TranslateStretch(begin, at_);
+  Take("PERSISTED");
+}
+
+ColumnDefinition Parser::TakeColumn(const Columns& before) {
   ColumnDefinition column;
   column.name = TakeName();
+  if (Take("AS")) {
+    TakeComputed(column, before);
+    return column;
+  }
   TakeType(column);
   while (TakeOption(column)) {
   }
@@ -215,6 +244,7 @@ std::string WriteColumn(const ColumnDefinition& column) {
   std::string text = name + " " + column.type;
   const std::string_view collation = CollationOf(column.kind);
   if (!collation.empty()) text += " COLLATE " + std::string(collation);
+  if (!column.computed.empty()) return text + " GENERATED ALWAYS AS (" + column.computed + ")";
   if (column.not_null || column.primary_key) text += " NOT NULL";
   if (column.unique) text += " UNIQUE";
   if (!column.default_value.empty()) text += " DEFAULT " + column.default_value;
@@ -228,8 +258,7 @@ std::string Listed(const std::vector<std::string>& names) {
 }
 
 /// An identity column is SQLite's primary key; any other key beside it is a unique one.
-std::string WriteKeys(const std::vector<KeyDefinition>& keys,
-                      const std::vector<ColumnDefinition>& columns) {
+std::string WriteKeys(const std::vector<KeyDefinition>& keys, const Columns& columns) {
   const auto identity = std::find_if(columns.begin(), columns.end(),
                                      [](const ColumnDefinition& c) { return c.identity; });
   std::string text;
@@ -243,7 +272,7 @@ std::string WriteKeys(const std::vector<KeyDefinition>& keys,
   return text;
 }
 
-void ApplyKeys(std::vector<KeyDefinition>& keys, std::vector<ColumnDefinition>& columns) {
+void ApplyKeys(std::vector<KeyDefinition>& keys, Columns& columns) {
   for (ColumnDefinition& column : columns) {
     if (column.primary_key) keys.push_back({true, {Folded(column.name)}});
     for (const KeyDefinition& key : keys) {
@@ -257,13 +286,13 @@ void ApplyKeys(std::vector<KeyDefinition>& keys, std::vector<ColumnDefinition>& 
 std::string Parser::CreateTable() {
   const std::string name = TakeName();
   Demand(TakeMark("("));
-  std::vector<ColumnDefinition> columns;
+  Columns columns;
   std::vector<KeyDefinition> keys;
   do {
     if (StartsKey()) {
       keys.push_back(TakeKey());
     } else {
-      columns.push_back(TakeColumn());
+      columns.push_back(TakeColumn(columns));
     }
   } while (TakeMark(","));
   Demand(TakeMark(")"));
@@ -283,7 +312,7 @@ std::string Parser::AlterTable() {
   Demand(Take("ADD") && !StartsKey());
   std::string text;
   do {
-    text += "ALTER TABLE " + table + " ADD COLUMN " + WriteColumn(TakeColumn()) + "; ";
+    text += "ALTER TABLE " + table + " ADD COLUMN " + WriteColumn(TakeColumn({})) + "; ";
   } while (TakeMark(","));
   Demand(Ends());
   return text;
@@ -357,7 +386,9 @@ std::string Parser::Drop() {
 
 std::string TranslateDefinition(std::string_view sql, Schema& schema,
                                 const ScalarFunctions& functions) {
-  return Parser(ReadPieces(sql), schema, functions).Translate();
+  Pieces pieces = ReadPieces(sql);
+  if (WordAt(pieces, 1, "TRIGGER")) return std::string(sql);
+  return Parser(std::move(pieces), schema, functions).Translate();
 }
 
 }  // namespace kvraedi::sqlite

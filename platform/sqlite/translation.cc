@@ -2,6 +2,7 @@
 
 #include "platform/sqlite/dialect.h"
 #include "platform/sqlite/literal_uses.h"
+#include "platform/sqlite/temporary_indexes.h"
 
 namespace kvraedi::sqlite {
 namespace {
@@ -62,7 +63,9 @@ Translation Finish(Pieces pieces, Schema& schema, const ScalarFunctions& functio
   functions.Inline(pieces);
   MarkLiteralUses(pieces, schema);
   MarkDialect(pieces, schema);
-  return Writer().Write(pieces);
+  Translation translation = Writer().Write(pieces);
+  translation.indexes = TemporaryIndexes(pieces, schema);
+  return translation;
 }
 
 }  // namespace

@@ -18,6 +18,7 @@ struct Slot {
 };
 
 struct Translation {
+  std::vector<std::string> indexes;  // definitions to run before it, of temporary tables
   std::string sql;
   std::vector<Slot> slots;
 };

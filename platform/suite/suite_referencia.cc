@@ -2,17 +2,28 @@
 
 #include <utility>
 
+#include "platform/suite/compra_mini_suite.h"
 #include "platform/suite/documento_pugi.h"
 #include "platform/suite/fichero_ini.h"
 #include "platform/suite/fichero_log_texto.h"
 #include "platform/suite/fuente_cadenas.h"
-#include "platform/suite/fuente_clientes.h"
+#include "platform/suite/fuente_terceros.h"
+#include "platform/suite/impresion_plantilla.h"
+#include "platform/suite/informes.h"
+#include "platform/suite/pedido_cliente_suite.h"
 
 namespace kvraedi {
 
 std::unique_ptr<ui::PickerSource> SuiteReferencia::Clientes(std::shared_ptr<Connection> conexion,
                                                             std::shared_ptr<Empresa> empresa) {
-  return std::make_unique<suite::FuenteClientes>(std::move(conexion), std::move(empresa));
+  return std::make_unique<suite::FuenteTerceros>(suite::kClientes, std::move(conexion),
+                                                 std::move(empresa));
+}
+
+std::unique_ptr<ui::PickerSource> SuiteReferencia::Proveedores(std::shared_ptr<Connection> conexion,
+                                                               std::shared_ptr<Empresa> empresa) {
+  return std::make_unique<suite::FuenteTerceros>(suite::kProveedores, std::move(conexion),
+                                                 std::move(empresa));
 }
 
 std::unique_ptr<ui::PickerSource> SuiteReferencia::Cadenas(std::shared_ptr<Connection> conexion,
@@ -47,16 +58,26 @@ std::optional<std::string> SuiteReferencia::LeerIni(Entorno& entorno,
   return suite::LeerIni(entorno, fichero, seccion, clave);
 }
 
-std::unique_ptr<ImpresionFactura> SuiteReferencia::NuevaImpresionFactura(
-    Entorno& /*entorno*/, std::shared_ptr<Connection> /*conexion*/,
-    std::shared_ptr<Empresa> /*empresa*/) {
-  throw Error(kErrorItemNotFound, "kvraedi", "Esta instalación no puede imprimir facturas");
+std::unique_ptr<PedidoCliente> SuiteReferencia::NuevoPedidoCliente(
+    std::shared_ptr<Connection> conexion, std::shared_ptr<Empresa> empresa) {
+  return std::make_unique<suite::PedidoClienteSuite>(std::move(conexion), std::move(empresa));
 }
 
-std::unique_ptr<Informe> SuiteReferencia::AbrirInforme(Entorno& /*entorno*/,
-                                                       std::shared_ptr<Connection> /*conexion*/,
-                                                       const std::filesystem::path& /*fichero*/) {
-  throw Error(kErrorItemNotFound, "kvraedi", "Esta instalación no puede abrir informes");
+std::unique_ptr<CompraMini> SuiteReferencia::NuevaCompraMini(std::shared_ptr<Connection> conexion,
+                                                             std::shared_ptr<Empresa> empresa) {
+  return std::make_unique<suite::CompraMiniSuite>(std::move(conexion), std::move(empresa));
+}
+
+std::unique_ptr<ImpresionFactura> SuiteReferencia::NuevaImpresionFactura(
+    Entorno& entorno, std::shared_ptr<Connection> conexion, std::shared_ptr<Empresa> empresa) {
+  return std::make_unique<suite::ImpresionPlantilla>(entorno, ImpresoraActual(),
+                                                     std::move(conexion), std::move(empresa));
+}
+
+std::unique_ptr<Informe> SuiteReferencia::AbrirInforme(Entorno& entorno,
+                                                       std::shared_ptr<Connection> conexion,
+                                                       const std::filesystem::path& fichero) {
+  return suite::AbrirInforme(entorno, std::move(conexion), fichero);
 }
 
 Impresora& SuiteReferencia::ImpresoraActual() {

@@ -15,6 +15,8 @@ class SuiteReferencia : public Suite {
 
   std::unique_ptr<ui::PickerSource> Clientes(std::shared_ptr<Connection> conexion,
                                              std::shared_ptr<Empresa> empresa) override;
+  std::unique_ptr<ui::PickerSource> Proveedores(std::shared_ptr<Connection> conexion,
+                                                std::shared_ptr<Empresa> empresa) override;
   /// Typed as "1/5": the code of level 1, a slash, the code of level 2 and so on; 0 or nothing
   /// between slashes is no choice at that level.
   std::unique_ptr<ui::PickerSource> Cadenas(std::shared_ptr<Connection> conexion,
@@ -26,6 +28,10 @@ class SuiteReferencia : public Suite {
                                        const std::filesystem::path& fichero) override;
   std::optional<std::string> LeerIni(Entorno& entorno, const std::filesystem::path& fichero,
                                      std::string_view seccion, std::string_view clave) override;
+  std::unique_ptr<PedidoCliente> NuevoPedidoCliente(std::shared_ptr<Connection> conexion,
+                                                    std::shared_ptr<Empresa> empresa) override;
+  std::unique_ptr<CompraMini> NuevaCompraMini(std::shared_ptr<Connection> conexion,
+                                              std::shared_ptr<Empresa> empresa) override;
   std::unique_ptr<ImpresionFactura> NuevaImpresionFactura(
       Entorno& entorno, std::shared_ptr<Connection> conexion,
       std::shared_ptr<Empresa> empresa) override;

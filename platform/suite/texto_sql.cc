@@ -1,6 +1,7 @@
 #include "platform/suite/texto_sql.h"
 
 #include <charconv>
+#include <cstdlib>
 
 namespace kvraedi::suite {
 
@@ -28,6 +29,23 @@ std::string Contiene(std::string_view columna, std::string_view text) {
     condition += c;
   }
   return condition + "%' ESCAPE '!'";
+}
+
+std::string Literal(std::string_view text) {
+  std::string literal = "'";
+  for (const char c : text) {
+    if (c == '\'') literal += '\'';
+    literal += c;
+  }
+  return literal + "'";
+}
+
+std::string Literal(Currency valor) {
+  constexpr std::int64_t kEscala = Currency::kScale;
+  const std::int64_t entero = valor.Units() / kEscala;
+  const std::string decimales = std::to_string(std::abs(valor.Units() % kEscala) + kEscala);
+  const char* const signo = valor.Units() < 0 && entero == 0 ? "-" : "";
+  return signo + std::to_string(entero) + "." + decimales.substr(1);
 }
 
 }  // namespace kvraedi::suite

@@ -39,6 +39,8 @@ class Escenario : public testing::Test {
         (carpeta / "kvraedi.db").string(),
         SqliteOptions{.create = true, .durability = Durability::kNone});
     base->Run(demo::kEsquema);
+    base->Run(demo::kEsquemaPedidos);
+    base->Run(demo::kEsquemaRecepcion);
     base->Run(demo::kFunciones);
     base->Run(R"(
 INSERT INTO Empresas (Codigo, Nombre_1, Nombre_2, Direccion, CP, Localidad, Provincia, Pais, Telefono, Fax, Nif, Emp_Articulos, Emp_Clientes, Emp_Proveedores, Aplica_IGIC)
@@ -94,7 +96,21 @@ INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Nif, Direccion, CP, Localidad
     }
   }
 
+  /// A new company object: one reads its parameters once.
+  void LeerEmpresa() {
+    empresa = std::make_shared<EmpresaDePrueba>(*base, std::int16_t{1}, carpeta.Ruta());
+    PropiedadesSesion().EmpresaKestrova(empresa);
+  }
+
   int Contar(std::string_view sql) const { return base->Open(sql)->Get<std::int32_t>(0); }
+
+  static std::string TextoAviso(const ui::MessageBox& aviso) {
+    return aviso.title + "|" + aviso.text + "|" + std::to_string(static_cast<int>(aviso.icon));
+  }
+  /// The last box, as title, text and icon; "" when there was none.
+  std::string UltimoAviso() const {
+    return toolkit.Messages().empty() ? "" : TextoAviso(toolkit.Messages().back());
+  }
 
   /// Names of the files in a folder below the sending root, in order.
   std::vector<std::string> Ficheros(const std::string& subcarpeta) const {

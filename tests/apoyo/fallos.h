@@ -1,6 +1,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 #include <string_view>
 #include <utility>
 #include <vector>
@@ -134,24 +135,33 @@ class EntornoConFallos : public EntornoWrapper {
   };
 };
 
-/// A database whose k-th statement fails.
+/// A database whose k-th statement or commit fails. It notes every statement down.
 class ConexionConFallos : public ConnectionWrapper {
  public:
   using ConnectionWrapper::ConnectionWrapper;
   Fallo fallo;
+  std::vector<std::string> sentencias;
 
   std::unique_ptr<Recordset> Open(std::string_view sql) override {
+    sentencias.emplace_back(sql);
     fallo.Paso("Conexión perdida");
     return ConnectionWrapper::Open(sql);
   }
   std::int64_t Execute(std::string_view sql) override {
+    sentencias.emplace_back(sql);
     fallo.Paso("Conexión perdida");
     return ConnectionWrapper::Execute(sql);
   }
   void UpdateBlob(std::string_view sql, std::string_view field,
                   std::span<const std::byte> bytes) override {
+    sentencias.emplace_back(sql);
     fallo.Paso("Conexión perdida");
     ConnectionWrapper::UpdateBlob(sql, field, bytes);
+  }
+  /// Nothing of the transaction is kept when it fails.
+  void CommitTrans() override {
+    fallo.Paso("Conexión perdida");
+    ConnectionWrapper::CommitTrans();
   }
 };
 

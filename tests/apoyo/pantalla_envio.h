@@ -42,11 +42,6 @@ class PantallaEnvio : public Escenario {
       celdas.emplace_back(Lista().Cell(fila, columna));
     return celdas;
   }
-  std::string UltimoAviso() const {
-    if (toolkit.Messages().empty()) return "";
-    const auto& aviso = toolkit.Messages().back();
-    return aviso.title + "|" + aviso.text + "|" + std::to_string(static_cast<int>(aviso.icon));
-  }
 
   std::optional<clsFacturacionEmision> clase;
 };

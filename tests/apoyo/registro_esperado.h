@@ -1,23 +1,22 @@
 #pragma once
 
-#include <initializer_list>
+#include <algorithm>
 #include <string>
 #include <string_view>
 #include <vector>
 
 namespace kvraedi {
 
-/// A text at a place of a record, in code page 1252: `sitio` is the column where it begins, counted
-/// from 1, or, negative, the column where it ends.
-struct Trozo {
-  int sitio;
-  std::string_view texto;
-};
-
-/// A record of that length, blank but for the pieces.
-inline std::string Esperado(std::size_t ancho, std::initializer_list<Trozo> trozos) {
+/// A record of that length in code page 1252, blank but for its pieces, which a "|" parts: a place
+/// and, after a blank, the text there. The place is the column where the text begins, counted from
+/// 1, or, negative, the column where it ends.
+inline std::string Esperado(std::size_t ancho, std::string_view trozos) {
   std::string linea(ancho, ' ');
-  for (const auto& [sitio, texto] : trozos) {
+  while (!trozos.empty()) {
+    const std::string_view trozo = trozos.substr(0, trozos.find('|'));
+    trozos.remove_prefix(std::min(trozo.size() + 1, trozos.size()));
+    const std::string_view texto = trozo.substr(trozo.find(' ') + 1);
+    const int sitio = std::stoi(std::string(trozo));
     const std::size_t inicio = sitio > 0 ? static_cast<std::size_t>(sitio) - 1
                                          : static_cast<std::size_t>(-sitio) - texto.size();
     linea.replace(inicio, texto.size(), texto);

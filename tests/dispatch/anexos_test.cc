@@ -11,26 +11,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Notes every statement down.
-class ConexionAnotada : public ConnectionWrapper {
- public:
-  using ConnectionWrapper::ConnectionWrapper;
-  std::unique_ptr<Recordset> Open(std::string_view sql) override {
-    sentencias.emplace_back(sql);
-    return ConnectionWrapper::Open(sql);
-  }
-  std::int64_t Execute(std::string_view sql) override {
-    sentencias.emplace_back(sql);
-    return ConnectionWrapper::Execute(sql);
-  }
-  void UpdateBlob(std::string_view sql, std::string_view field,
-                  std::span<const std::byte> bytes) override {
-    sentencias.emplace_back(sql);
-    ConnectionWrapper::UpdateBlob(sql, field, bytes);
-  }
-  std::vector<std::string> sentencias;
-};
-
 /// The list with invoices 1 and 2 in rows 1 and 2 and a ticket invoice in row 3, and what the user
 /// does at the attachments of one of them.
 class AnexosTest : public PantallaEnvio {
@@ -38,7 +18,7 @@ class AnexosTest : public PantallaEnvio {
   void SetUp() override {
     PantallaEnvio::SetUp();
     InsertarFactura(1);
-    InsertarFactura(2);
+    InsertarFactura(2, "Cod_Ejercicio = 2023");  // whatever its date
     base->Run(
         "INSERT INTO TPV_Tickets (Cod_Empresa, Cod_Almacen, Caja, Fecha, Codigo, Total)"
         " VALUES (1, 5, 2, '10/02/2024', 77, 12.3);"
@@ -46,8 +26,7 @@ class AnexosTest : public PantallaEnvio {
         " Factura_Serie, Factura_Codigo, Factura_Almacen, Factura_TipoDoc, Factura_Fecha, Hora)"
         " VALUES (1, 5, 2, '10/02/2024', 77, 100, 9, 9077, 5, 0, '11/02/2024', '11/02/2024')");
     Listar();
-    anotada = std::make_shared<ConexionAnotada>(conexion);
-    clase->ConexionKestrova(anotada);
+    conexion->sentencias.clear();
   }
 
   /// The attachments screen, while it is open.
@@ -101,7 +80,6 @@ class AnexosTest : public PantallaEnvio {
   }
 
   fs::path docs = perfil / "Ormo" / "EDI" / "DocAnexos";
-  std::shared_ptr<ConexionAnotada> anotada;
 };
 
 TEST_F(AnexosTest, AnInvoiceGetsAFileAndLosesIt) {
@@ -123,7 +101,7 @@ TEST_F(AnexosTest, AnInvoiceGetsAFileAndLosesIt) {
   const std::string lista = "SELECT NombreAnexo, DescripcionAnexo FROM EDI_Anexos " + clave;
   const std::string nombre = "   AND NombreAnexo ='contrato.pdf'";
   EXPECT_EQ(
-      anotada->sentencias,
+      conexion->sentencias,
       (Celdas{lista,
               "INSERT INTO EDI_Anexos (Cod_EDIPlat,Cod_EDITipoMsg,Hora,Cod_Empresa,Cod_Ejercicio,"
               "Serie,Codigo,TipoDoc,NombreAnexo,DescripcionAnexo,Stream)  VALUES (3,1, GETDATE(), "
@@ -141,7 +119,7 @@ TEST_F(AnexosTest, AnInvoiceGetsAFileAndLosesIt) {
     EXPECT_EQ(p.Filas(), Celdas{});
     p.Pulsar("cmdSalir");
   });
-  EXPECT_EQ(anotada->sentencias[5], "DELETE FROM EDI_Anexos " + clave + nombre);
+  EXPECT_EQ(conexion->sentencias[5], "DELETE FROM EDI_Anexos " + clave + nombre);
   EXPECT_EQ(Columna(kAnexos), (Celdas{"", "", ""}));
   EXPECT_TRUE(fs::exists(docs / "contrato.pdf"));
   EXPECT_TRUE(toolkit.Messages().empty());
@@ -159,12 +137,12 @@ TEST_F(AnexosTest, ATicketInvoiceHasItsOwnKey) {
   const std::string clave =
       " WHERE Cod_EDIPlat = 3 AND Cod_EDITipoMsg = 1    AND Cod_Empresa_FT =1   AND "
       "Cod_Almacen_FT =5   AND Caja_FT =2   AND Fecha_FT ='10/02/2024'   AND Codigo_FT =77";
-  EXPECT_EQ(anotada->sentencias[1],
+  EXPECT_EQ(conexion->sentencias[1],
             "INSERT INTO EDI_Anexos (Cod_EDIPlat, Cod_EDITipoMsg, Hora, Cod_Empresa_FT, "
             "Cod_Almacen_FT, Caja_FT, Fecha_FT, Codigo_FT, NombreAnexo, DescripcionAnexo, Stream) "
             " VALUES (3,1, GETDATE(), 1, 5, 2, '10/02/2024', 77, 'ticket.pdf', "
             "'Ticket',CONVERT(varbinary(MAX),''))");
-  EXPECT_EQ(anotada->sentencias[2],
+  EXPECT_EQ(conexion->sentencias[2],
             "SELECT stream FROM EDI_Anexos " + clave + "   AND NombreAnexo ='ticket.pdf'");
   EXPECT_EQ(Columna(kAnexos), (Celdas{"", "", "X"}));
   EXPECT_EQ(Contar("SELECT COUNT(*) FROM EDI_Anexos WHERE Codigo_FT = 77 AND Codigo = 0"), 1);
@@ -183,7 +161,7 @@ TEST_F(AnexosTest, WhatIsMissingIsAskedForAndNothingIsWritten) {
                                    "» no es el nombre de un fichero|3");
     }
   });
-  EXPECT_EQ(anotada->sentencias.size(), 1U);
+  EXPECT_EQ(conexion->sentencias.size(), 1U);
   EXPECT_EQ(NombreDeFichero("C:\\docs\\contrato.pdf"), "contrato.pdf");
 }
 
@@ -221,6 +199,7 @@ TEST_F(AnexosTest, OnlyTheExitButtonChangesTheList) {
   EXPECT_EQ(Columna(kAnexos), (Celdas{"", "", ""}));
   Usar(2, [](Pantalla& p) { p.Pulsar("cmdSalir"); });
   EXPECT_EQ(Columna(kAnexos), (Celdas{"", "X", ""}));
+  EXPECT_EQ(Contar("SELECT COUNT(*) FROM EDI_Anexos WHERE Cod_Ejercicio = 2023"), 1);
   Usar(2, [](Pantalla& p) {
     p.Elegir(1);
     p.Pulsar("cmdEliminarAnexo");
@@ -313,6 +292,44 @@ TEST_F(AnexosTest, EveryFailureIsToldAndKeepsTheOldFile) {
       EXPECT_EQ(std::distance(fs::directory_iterator(docs), {}), 1) << "nothing half-written stays";
     }
     ASSERT_LT(k, 50);
+  }
+}
+
+/// Removing one of two attachments, with each statement going wrong in turn and then none.
+TEST_F(AnexosTest, ARemovalThatFailsIsToldAndCanBeRepeated) {
+  const auto uno = Escribir("a.pdf", "a");
+  const auto otro = Escribir("b.pdf", "b");
+  const Celdas ambos = {"a.pdf|A", "b.pdf|B"};
+  const Celdas resto = {"b.pdf|B"};
+  const struct {
+    std::string aviso;
+    Celdas guardados, lista;
+  } casos[] = {{"frmAnexosFactura:cmdEliminarAnexo_Click|Conexión perdida|3", {"a", "b"}, ambos},
+               {"frmAnexosFactura:Cargar|Conexión perdida|3", {"b"}, ambos},
+               {"", {"b"}, resto}};
+  int sentencia = 0;
+  for (const auto& caso : casos) {
+    SCOPED_TRACE(++sentencia);
+    base->Execute("DELETE FROM EDI_Anexos");
+    Usar(1, [&](Pantalla& p) {
+      p.Anexar(uno, "A");
+      p.Anexar(otro, "B");
+      p.Elegir(1);
+      const std::size_t avisos = toolkit.Messages().size();
+      entorno.fallo.FallarEn(1);
+      conexion->fallo.FallarEn(sentencia);
+      p.Pulsar("cmdEliminarAnexo");
+      EXPECT_FALSE(entorno.fallo.Disparado()) << "no file is touched";
+      entorno.fallo.FallarEn(0);
+      conexion->fallo.FallarEn(0);
+      EXPECT_EQ(toolkit.Messages().size() > avisos ? UltimoAviso() : "", caso.aviso);
+      EXPECT_EQ(Guardados(), caso.guardados);
+      EXPECT_EQ(p.Filas(), caso.lista);
+      if (caso.lista == ambos) p.Pulsar("cmdEliminarAnexo");
+      EXPECT_EQ(p.Filas(), resto);
+      EXPECT_EQ(Guardados(), Celdas{"b"});
+    });
+    EXPECT_EQ(Contenido(docs / "a.pdf"), "a");
   }
 }
 

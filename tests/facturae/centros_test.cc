@@ -11,22 +11,6 @@ namespace {
 
 using Textos = std::vector<std::string>;
 
-/// Keeps the statements that were sent; the k-th may fail.
-class ConexionAnotada : public ConexionConFallos {
- public:
-  using ConexionConFallos::ConexionConFallos;
-  Textos sentencias;
-
-  std::unique_ptr<Recordset> Open(std::string_view sql) override {
-    sentencias.emplace_back(sql);
-    return ConexionConFallos::Open(sql);
-  }
-  std::int64_t Execute(std::string_view sql) override {
-    sentencias.emplace_back(sql);
-    return ConexionConFallos::Execute(sql);
-  }
-};
-
 constexpr const char* kLista =
     "SELECT ca.*, p.Nombre AS Pais FROM EDI_Centros_Administrativos ca  LEFT JOIN PAISES p ON "
     "p.Cod_Pais = ca.Cod_Pais  ORDER BY ca.Nombre";
@@ -42,8 +26,6 @@ INSERT INTO Paises (Cod_Pais, Nombre) VALUES (2, 'Francia');
 INSERT INTO Codigos_Postales VALUES (8001, 'Barcelona', 'Barcelona (prov.)', 34);
 INSERT INTO Codigos_Postales VALUES (75001, 'París', 'Isla de Francia', 77);
 )");
-    anotada = std::make_shared<ConexionAnotada>(base);
-    PropiedadesSesion().ConexionKestrova(anotada);
   }
   void TearDown() override {
     clase.reset();
@@ -57,7 +39,7 @@ INSERT INTO Codigos_Postales VALUES (75001, 'París', 'Isla de Francia', 77);
   void Abrir() {
     clase.emplace();
     clase->Show(0, nullptr);
-    anotada->sentencias.clear();
+    conexion->sentencias.clear();
   }
   ui::Form& Pantalla() { return *toolkit.OpenForm("frmCentrosAdm"); }
   ui::Grid& Lista() { return dynamic_cast<ui::Grid&>(*Pantalla().Find("vsCentros")); }
@@ -100,14 +82,8 @@ INSERT INTO Codigos_Postales VALUES (75001, 'París', 'Isla de Francia', 77);
     AlEditar(codigo, nombre);
     Boton("cmdAgregar").Press();
   }
-  std::string UltimoAviso() const {
-    if (toolkit.Messages().empty()) return "";
-    const auto& aviso = toolkit.Messages().back();
-    return aviso.title + "|" + aviso.text + "|" + std::to_string(static_cast<int>(aviso.icon));
-  }
   int Centros() const { return Contar("SELECT COUNT(*) FROM EDI_Centros_Administrativos"); }
 
-  std::shared_ptr<ConexionAnotada> anotada;
   std::optional<frmclsCentrosAdministrativos> clase;
 };
 
@@ -117,7 +93,7 @@ TEST_F(CentrosTest, TheListShowsEveryCentreByName) {
   Insertar("B1", "Intervención", "99");
   clase.emplace();
   clase->Show(0, nullptr);
-  EXPECT_EQ(anotada->sentencias, (Textos{kLista}));
+  EXPECT_EQ(conexion->sentencias, (Textos{kLista}));
   EXPECT_EQ(Fila(0), (Textos{"Código", "Nombre", "Dirección", "CP", "Localidad", "Provincia", "",
                              "País", "Descripcion"}));
   EXPECT_EQ(Fila(1), (Textos{"Z1", "Alcaldía", "C/ Mayor, 1", "35001", "Telde", "Las Palmas", "34",
@@ -164,7 +140,7 @@ TEST_F(CentrosTest, AddingStoresReloadsAndSelectsTheLastRow) {
   EXPECT_FALSE(Boton("cmdModificar").Enabled());
   EXPECT_FALSE(Boton("cmdEliminar").Enabled());
   Agregar("C'1", "O'Higgins");
-  EXPECT_EQ(anotada->sentencias,
+  EXPECT_EQ(conexion->sentencias,
             (Textos{kPaises,
                     " SELECT TOP 1 * FROM EDI_Centros_Administrativos WHERE Codigo = 'C''1' OR "
                     "Nombre = 'O''Higgins'",
@@ -212,7 +188,7 @@ TEST_F(CentrosTest, ModifyingFindsTheRecordByItsOldCode) {
     Aceptar(dialogo);
   });
   Boton("cmdModificar").Press();
-  EXPECT_EQ(anotada->sentencias,
+  EXPECT_EQ(conexion->sentencias,
             (Textos{kPaises,
                     "UPDATE EDI_Centros_Administrativos  SET Codigo='C3', Nombre ='Alcaldía', "
                     "Direccion = 'C/ L''Hospital, 2', CodigoPostal = '08001', Localidad = "
@@ -237,7 +213,7 @@ TEST_F(CentrosTest, NothingSelectedOrCancelledChangesNothing) {
   Boton("cmdEliminar").Press();
   Lista().Click(0, kCentroNombre);
   Boton("cmdModificar").Press();
-  EXPECT_TRUE(anotada->sentencias.empty());
+  EXPECT_TRUE(conexion->sentencias.empty());
 
   Lista().Click(1, kCentroNombre);
   for (const bool boton : {true, false}) {
@@ -249,7 +225,7 @@ TEST_F(CentrosTest, NothingSelectedOrCancelledChangesNothing) {
       Boton(accion).Press();
     }
   }
-  EXPECT_EQ(anotada->sentencias, Textos(4, kPaises));
+  EXPECT_EQ(conexion->sentencias, Textos(4, kPaises));
   EXPECT_EQ(Fila(1)[kCentroNombre], "Alcaldía");
   EXPECT_TRUE(toolkit.Messages().empty());
 }
@@ -268,7 +244,7 @@ TEST_F(CentrosTest, DeletingAsksFirstAndNoIsTheDefault) {
 
   toolkit.QueueAnswer(ui::Answer::kYes);
   Boton("cmdEliminar").Press();
-  EXPECT_EQ(anotada->sentencias,
+  EXPECT_EQ(conexion->sentencias,
             (Textos{"DELETE FROM EDI_Centros_Administrativos WHERE Codigo='C''1'"}));
   EXPECT_EQ(Lista().Rows(), 2);
   EXPECT_TRUE(Boton("cmdEliminar").Enabled());
@@ -337,18 +313,18 @@ TEST_F(CentrosTest, AFailedStatementIsToldAndLeavesTheRestAsItWas) {
         toolkit.OnShow("frmCentrosAdm_Datos", [&](ui::Form& dialogo) {
           Escribir(dialogo, "C2", "Zona");
           Campo(dialogo, "txtCodigoPostal").PressEnter();
-          if (!anotada->fallo.Disparado()) Aceptar(dialogo);
+          if (!conexion->fallo.Disparado()) Aceptar(dialogo);
         });
       }
       if (accion == std::string("cmdEliminar")) toolkit.QueueAnswer(ui::Answer::kYes);
-      anotada->fallo.FallarEn(static_cast<int>(k));
+      conexion->fallo.FallarEn(static_cast<int>(k));
       Boton(accion).Press();
       EXPECT_EQ(UltimoAviso(), titulos[k - 1] + "|Conexión perdida|3") << accion << k;
-      EXPECT_EQ(anotada->fallo.Operaciones(), static_cast<int>(k));
+      EXPECT_EQ(conexion->fallo.Operaciones(), static_cast<int>(k));
       EXPECT_EQ(Centros(), k == titulos.size() ? guardados : 1) << accion << k;
       EXPECT_EQ(Lista().Rows(), 2);
       EXPECT_EQ(Fila(1), antes);
-      anotada->fallo.FallarEn(0);
+      conexion->fallo.FallarEn(0);
       base->Execute("DELETE FROM EDI_Centros_Administrativos WHERE Codigo <> 'C1'");
     }
   }
@@ -356,7 +332,7 @@ TEST_F(CentrosTest, AFailedStatementIsToldAndLeavesTheRestAsItWas) {
 
 TEST_F(CentrosTest, AListThatCannotBeReadStaysEmpty) {
   Insertar("C1", "Alcaldía");
-  anotada->fallo.FallarEn(1);
+  conexion->fallo.FallarEn(1);
   clase.emplace();
   clase->Show(0, nullptr);
   EXPECT_EQ(UltimoAviso(), "frmCentrosAdm:Load|Conexión perdida|3");

@@ -185,5 +185,28 @@ TEST(Adapters, AMissingOneIsToldByName) {
   }
 }
 
+TEST(TextArea, WhatIsTypedTurnsIntoCapitals) {
+  struct Comentario : ui::Form {
+    Comentario() : Form("frmPrueba", "Prueba") {}
+    ui::TextArea texto{*this, "texto"};
+  } form;
+  form.texto.SetUpperCase(true);
+  form.texto.SetText("año");
+  const struct {
+    const char *escrito, *queda;
+  } casos[] = {
+      {"años", "añoS"},           {"x\r\nañoS", "X\r\nañoS"}, {"", ""},
+      {"ñandú 3÷b", "ÑANDÚ 3÷B"}, {"ÑANDè 3÷B", "ÑANDÈ 3÷B"}, {"ÑANDÈ 3÷BBb", "ÑANDÈ 3÷BBB"},
+      {"ÑANDÈ", "ÑANDÈ"},         {"ÑANDÈÿ€", "ÑANDÈÿ€"},
+  };
+  for (const auto& [escrito, queda] : casos) {
+    form.texto.Type(escrito);
+    EXPECT_EQ(form.texto.Text(), queda);
+  }
+  form.texto.SetReadOnly(true);
+  form.texto.Type("nada");
+  EXPECT_EQ(form.texto.Text(), "ÑANDÈÿ€");
+}
+
 }  // namespace
 }  // namespace kvraedi

@@ -89,7 +89,8 @@ struct View : ui::GridView {
   void RowsChanged() override { ++rows; }
   void CellChanged(int /*row*/, int /*col*/) override { ++cells; }
   void CurrentRowChanged() override {}
-  int rows = 0, cells = 0;
+  void FitColumn(int col) override { fitted = col; }
+  int rows = 0, cells = 0, fitted = -1;
 };
 
 TEST(Grid, TellsTheTableOnceWhenRedrawingIsResumed) {
@@ -104,6 +105,10 @@ TEST(Grid, TellsTheTableOnceWhenRedrawingIsResumed) {
   form.grid.SetCell(3, 0, "1");
   EXPECT_EQ(view.rows, 1);
   EXPECT_EQ(view.cells, 1);
+  form.grid.FitColumn(form.grid.Cols());
+  EXPECT_EQ(view.fitted, -1) << "no such column";
+  form.grid.FitColumn(0);
+  EXPECT_EQ(view.fitted, 0);
   form.grid.DetachGridView();
 }
 

@@ -2,9 +2,7 @@
 
 #include <gtest/gtest.h>
 
-#include "frame/accion.h"
 #include "kvraedi/adaptadores.h"
-#include "kvraedi/error.h"
 #include "platform/headless/headless_toolkit.h"
 
 namespace kvraedi {
@@ -60,18 +58,6 @@ TEST_F(MsgOpTest, AFailingToolkitDoesNotInterruptTheCaller) {
   MsgOp(true, "Sin pantalla");
   MsgOp(false, "");
   InstalarAdaptadores({.toolkit = &toolkit});
-}
-
-TEST_F(MsgOpTest, AnErrorHidesTheMessageAndIsShownUnderItsTitle) {
-  EXPECT_FALSE(Accion("modulo:rutina", [] {
-    MsgOp(true, "Trabajando");
-    ThrowOverflow();
-  }));
-  EXPECT_FALSE(toolkit.OpenForm("frmMsg")->Visible());
-  ASSERT_EQ(toolkit.Messages().size(), 1U);
-  EXPECT_EQ(toolkit.Messages()[0].text, "Desbordamiento");
-  EXPECT_EQ(toolkit.Messages()[0].title, "modulo:rutina");
-  EXPECT_EQ(toolkit.Messages()[0].icon, ui::Icon::kCritical);
 }
 
 }  // namespace

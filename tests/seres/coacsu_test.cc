@@ -54,46 +54,19 @@ TEST_F(CoacsuTest, ASummaryInvoiceFillsEveryRecord) {
   EXPECT_TRUE(Procesar());
   const auto lineas = Registros();
   ASSERT_EQ(Tags(lineas), "RECTL SCOAC SCOAT SCOAP SCOAD SCOAL SCOAQ SCOAA ");
-  EXPECT_EQ(lineas[0], Esperado(134, {{1, "RECTL"}, {7, "COACSU"}, {123, "212403010908"}}));
-  EXPECT_EQ(lineas[1], Esperado(365, {{1, "SCOAC"},
-                                      {7, "49E"},
-                                      {27, "RELFAC"},
-                                      {65, "20240301"},
-                                      {73, "20240220"},
-                                      {81, "20240220"},
-                                      {106, "EUR"},
-                                      {117, "ES00 1234"},
-                                      {291, "20"},
-                                      {-311, "100.000"},
-                                      {-329, "3.500"},
-                                      {-347, "7.000"},
-                                      {-365, "107.000"}}));
-  EXPECT_EQ(lineas[2], Esperado(362, {{1, "SCOAT"}, {7, "AAI"}}));
-  EXPECT_EQ(lineas[3], Esperado(595, {{1, "SCOAP"},
-                                      {7, "IV"},
-                                      {27, "EAN"},
-                                      {30, "Comedor \xD1"},
-                                      {205, "C/ Sol"},
-                                      {401, "B1"},
-                                      {471, "Ana"},
-                                      {491, "Comedor \xD1"},
-                                      {526, "1"},
-                                      {561, "2"}}));
-  EXPECT_EQ(
-      lineas[4],
-      Esperado(117,
-               {{1, "SCOAD"}, {7, "131"}, {10, "3,500"}, {37, "VAT"}, {64, "VAT"}, {91, "VAT"}}));
-  EXPECT_EQ(lineas[5], Esperado(78, {{1, "SCOAL"},
-                                     {7, "351"},
-                                     {10, "8007"},
-                                     {27, "20240220"},
-                                     {-60, "1234,500"},
-                                     {-78, "-0,001"}}));
-  EXPECT_EQ(
-      lineas[6],
-      Esperado(470,
-               {{1, "SCOAQ"}, {7, "IV"}, {27, "9"}, {30, "Cocina"}, {389, "35001"}, {398, "ESP"}}));
-  EXPECT_EQ(lineas[7], Esperado(30, {{1, "SCOAA"}, {7, "1"}, {10, "165"}}));
+  EXPECT_EQ(lineas[0], Esperado(134, "1 RECTL|7 COACSU|123 212403010908"));
+  EXPECT_EQ(lineas[1],
+            Esperado(365,
+                     "1 SCOAC|7 49E|27 RELFAC|65 20240301|73 20240220|81 20240220|106 EUR|117 ES00 "
+                     "1234|291 20|-311 100.000|-329 3.500|-347 7.000|-365 107.000"));
+  EXPECT_EQ(lineas[2], Esperado(362, "1 SCOAT|7 AAI"));
+  EXPECT_EQ(lineas[3], Esperado(595,
+                                "1 SCOAP|7 IV|27 EAN|30 Comedor \xD1|205 C/ Sol|401 B1|471 Ana|491 "
+                                "Comedor \xD1|526 1|561 2"));
+  EXPECT_EQ(lineas[4], Esperado(117, "1 SCOAD|7 131|10 3,500|37 VAT|64 VAT|91 VAT"));
+  EXPECT_EQ(lineas[5], Esperado(78, "1 SCOAL|7 351|10 8007|27 20240220|-60 1234,500|-78 -0,001"));
+  EXPECT_EQ(lineas[6], Esperado(470, "1 SCOAQ|7 IV|27 9|30 Cocina|389 35001|398 ESP"));
+  EXPECT_EQ(lineas[7], Esperado(30, "1 SCOAA|7 1|10 165"));
 }
 
 TEST_F(CoacsuTest, FormsOfPaymentBecomeMeansOrLeaveTheFieldOut) {

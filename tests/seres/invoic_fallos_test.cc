@@ -35,10 +35,17 @@ TEST_F(InvoicFallosTest, AMissingSendingRootIsToldBeforeAnythingIsDone) {
 }
 
 TEST_F(InvoicFallosTest, WhateverFailsTheSendingIsUndoneAndCanBeRepeated) {
+  for (int linea = 2; linea <= 150; ++linea) {  // more than one block of the file
+    base->Execute(
+        "INSERT INTO Facturas_Lineas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc,"
+        " Num_Linea, Cod_Articulo, Descripcion, Unidades, Precio, PrecioG, Impuesto)"
+        " VALUES (1, 2024, 3, 1, 0, " +
+        std::to_string(linea) + ", 501, 'Queso', 4, 25, 30, 1)");
+  }
   ASSERT_TRUE(Enviar());
   const int operaciones = entorno.fallo.Operaciones();
   const int sentencias = conexion->fallo.Operaciones();
-  ASSERT_GE(operaciones, 7);
+  ASSERT_GE(operaciones, 8);
   ASSERT_EQ(sentencias, 4) << "invoice, lines, taxes, record";
   const auto deshacer = [&] {
     base->Execute("DELETE FROM EDI_Envio_Facturas");
@@ -65,6 +72,7 @@ TEST_F(InvoicFallosTest, WhateverFailsTheSendingIsUndoneAndCanBeRepeated) {
   EXPECT_FALSE(Enviar());
   EXPECT_EQ(Contar("SELECT COUNT(*) FROM EDI_Envio_Facturas"), 1);
   EXPECT_EQ(Ficheros("2024"), std::vector<std::string>{"INVOIC20240301090807.txt.parcial"});
+  EXPECT_TRUE(toolkit.Messages().back().text.ends_with("INVOIC20240301090807.txt.parcial"));
 }
 
 TEST_F(InvoicFallosTest, AValueThatCannotBeWrittenStopsTheSending) {

@@ -10,6 +10,7 @@
 
 #include "kvraedi/ui/control.h"
 #include "kvraedi/ui/grid.h"
+#include "kvraedi/ui/report_viewer.h"
 
 namespace kvraedi::ui {
 
@@ -47,6 +48,8 @@ class KVRAEDI_API TextBox : public Control {
   using Control::Control;
   const std::string& Text() const { return text_; }
   void SetText(std::string text);
+  /// What the user types turns into capital letters; what stood there already stays as it is.
+  void SetUpperCase(bool upperCase) { upperCase_ = upperCase; }
   void Accept(ControlVisitor& visitor) override;
 
   /// User: the field now holds this text.
@@ -54,6 +57,21 @@ class KVRAEDI_API TextBox : public Control {
 
  private:
   std::string text_;
+  bool upperCase_ = false;
+};
+
+/// A field with a text of several lines, CR LF between two of them.
+class KVRAEDI_API TextArea : public TextBox {
+ public:
+  using TextBox::TextBox;
+  /// A read-only text can be looked through but not changed by the user.
+  bool ReadOnly() const { return readOnly_; }
+  void SetReadOnly(bool readOnly);
+  void Accept(ControlVisitor& visitor) override;
+  void Type(std::string_view text) override;
+
+ private:
+  bool readOnly_ = false;
 };
 
 /// A date under the mask "##/##/####". The text is what stands in the field ("01/03/2024"), "" when
@@ -173,12 +191,14 @@ class KVRAEDI_API ControlVisitor {
   virtual void Visit(Label& control) = 0;
   virtual void Visit(Button& control) = 0;
   virtual void Visit(TextBox& control) = 0;
+  virtual void Visit(TextArea& control) = 0;
   virtual void Visit(DateBox& control) = 0;
   virtual void Visit(NumericBox& control) = 0;
   virtual void Visit(ComboBox& control) = 0;
   virtual void Visit(CheckBox& control) = 0;
   virtual void Visit(Picker& control) = 0;
   virtual void Visit(Grid& control) = 0;
+  virtual void Visit(ReportViewer& control) = 0;
 };
 
 }  // namespace kvraedi::ui

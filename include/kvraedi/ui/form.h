@@ -84,13 +84,20 @@ class KVRAEDI_API Form : public std::enable_shared_from_this<Form> {
   /// The unload event; one listener.
   std::function<void()> onUnload;
 
+  /// User: a function key, by its number (9 is F9), that the control with the focus has no use for.
+  void PressFunctionKey(int number);
+
   void AttachView(FormView* view) { view_ = view; }
   void DetachView() { view_ = nullptr; }
 
  protected:
   virtual void OnLoad() {}
+  /// Each Show, just before the window comes up.
+  virtual void OnActivate() {}
   virtual void OnUnload() {}
   void SetLayout(Layout layout) { layout_ = std::move(layout); }
+  /// Raised by function keys anywhere on the form; null when it does not listen.
+  std::function<void(int number)> onFunctionKey;
 
  private:
   friend class Control;

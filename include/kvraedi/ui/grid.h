@@ -18,6 +18,9 @@ struct GridColumn {
   Alignment alignment = Alignment::kLeft;
   bool hidden = false;
   bool check = false;  ///< shows a check box; the cell text is "0" or "1"
+  /// Text in a second header row, which stands above the first as soon as one column has a text for
+  /// it. Equal neighbours are joined, and so is a group with a header of the same text below it.
+  std::string_view group = {};
 };
 
 /// What an adapter hangs on a grid while a native table shows it.
@@ -27,6 +30,8 @@ class KVRAEDI_API GridView : public ControlView {
   virtual void RowsChanged() = 0;
   virtual void CellChanged(int row, int col) = 0;
   virtual void CurrentRowChanged() = 0;
+  /// Makes the column as wide as its header and its cells need.
+  virtual void FitColumn(int col) = 0;
 };
 
 /// A table of texts. Row 0 is the fixed header row; data rows follow from 1. Texts are UTF-8
@@ -60,6 +65,8 @@ class KVRAEDI_API Grid : public Control {
   /// The current row; 0 when the cursor stands on no data row.
   int Row() const { return row_; }
   void SetRow(int row);
+  /// Fits a column's width to its contents on the screen.
+  void FitColumn(int col);
   void Accept(ControlVisitor& visitor) override;
 
   /// User: a click on a cell; a data row becomes the current one. Row 0 is the header.

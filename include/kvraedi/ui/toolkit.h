@@ -31,6 +31,12 @@ struct FileDialog {
   std::string name;              ///< stands in the field at first
 };
 
+/// A dialog in which the user chooses a folder.
+struct FolderDialog {
+  std::string title;
+  std::filesystem::path folder;  ///< where it begins; empty leaves that to the toolkit
+};
+
 struct Font {
   std::string_view family;
   int points = 8;
@@ -47,6 +53,8 @@ class KVRAEDI_API Toolkit {
   virtual Answer Show(const MessageBox& box) = 0;
   /// Shows the dialog and waits; the path of an existing file, or nothing when the user gives up.
   virtual std::optional<std::filesystem::path> ChooseFile(const FileDialog& dialog) = 0;
+  /// The same for an existing folder.
+  virtual std::optional<std::filesystem::path> ChooseFolder(const FolderDialog& dialog) = 0;
   /// Shows the form's window, made if it is not there yet; the form counts as visible already. With
   /// kModal returns when Hide or Close is called for the form. `owner` may be null.
   virtual void Open(Form& form, ShowMode mode, Form* owner) = 0;

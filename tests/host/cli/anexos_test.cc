@@ -1,22 +1,16 @@
-#include <gtest/gtest.h>
-
-#include <filesystem>
 #include <fstream>
 
-#include "tests/host/cli/ejecucion.h"
-#include "tests/platform/os/carpeta_temporal.h"
+#include "tests/host/cli/con_demo.h"
 
 namespace kvraedi::cli {
 namespace {
 
 namespace fs = std::filesystem;
-using Palabras = std::vector<std::string>;
 
-class AnexosCli : public testing::Test {
+class AnexosCli : public ConDemo {
  protected:
+  AnexosCli() : ConDemo(120) {}
   void SetUp() override {
-    const Ejecucion demo({"demo", "--carpeta", carpeta.Ruta().string(), "--facturas", "120"});
-    ASSERT_EQ(demo.codigo, 0) << demo.mensajes;
     fs::create_directory(perfil);
     std::ofstream(fichero, std::ios::binary) << "%PDF-1.4\n" << std::string(100000, '\xFF');
     const Ejecucion lista =
@@ -33,10 +27,8 @@ class AnexosCli : public testing::Test {
 
   Ejecucion Ejecutar(Palabras args, const Palabras& mas) const {
     args.insert(args.end(),
-                {"--conexion", "sqlite:" + (carpeta / "kvraedi.db").string(), "--perfil",
-                 perfil.string(), "--desde", "01/01/2000", "--hasta", "31/12/2099"});
-    args.insert(args.end(), mas.begin(), mas.end());
-    return Ejecucion(args);
+                {"--perfil", perfil.string(), "--desde", "01/01/2000", "--hasta", "31/12/2099"});
+    return ConDemo::Ejecutar(args, mas);
   }
   Ejecucion Anexos(const std::string& orden, const Palabras& mas,
                    const std::string& factura = {}) const {
@@ -45,7 +37,6 @@ class AnexosCli : public testing::Test {
         mas);
   }
 
-  CarpetaTemporal carpeta;
   fs::path perfil = carpeta / "mi perfil";
   fs::path fichero = carpeta / "l'acord.pdf";
   std::string cliente;

@@ -1,27 +1,12 @@
-#include <gtest/gtest.h>
-
-#include <filesystem>
-
-#include "tests/host/cli/ejecucion.h"
-#include "tests/platform/os/carpeta_temporal.h"
+#include "tests/host/cli/con_demo.h"
 
 namespace kvraedi::cli {
 namespace {
 
-using Palabras = std::vector<std::string>;
-
-class Centros : public testing::Test {
+class Centros : public ConDemo {
  protected:
-  void SetUp() override {
-    const Ejecucion demo({"demo", "--carpeta", Demo().string(), "--facturas", "0"});
-    ASSERT_EQ(demo.codigo, 0) << demo.mensajes;
-  }
-  std::filesystem::path Demo() const { return carpeta / "demo"; }
-
-  Ejecucion Ejecutar(const char* orden, Palabras args = {}) const {
-    args.insert(args.begin(),
-                {"centros", orden, "--conexion", "sqlite:" + (Demo() / "kvraedi.db").string()});
-    return Ejecucion(args);
+  Ejecucion Ejecutar(const char* orden, const Palabras& args = {}) const {
+    return ConDemo::Ejecutar({"centros", orden}, args);
   }
   /// The centre of that code as the list tells it; empty when it has none.
   Objeto Centro(const std::string& codigo) const {
@@ -32,8 +17,6 @@ class Centros : public testing::Test {
     }
     return {};
   }
-
-  CarpetaTemporal carpeta;
 };
 
 TEST_F(Centros, AddedModifiedAndDeleted) {

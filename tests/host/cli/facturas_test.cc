@@ -1,21 +1,16 @@
-#include <gtest/gtest.h>
-
 #include <algorithm>
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <set>
 #include <sstream>
 
 #include "platform/sqlite/sqlite_connection.h"
-#include "tests/host/cli/ejecucion.h"
-#include "tests/platform/os/carpeta_temporal.h"
+#include "tests/host/cli/con_demo.h"
 
 namespace kvraedi::cli {
 namespace {
 
 namespace fs = std::filesystem;
-using Palabras = std::vector<std::string>;
 
 constexpr const char* kInvoic = "1";         // a customer served by INVOIC
 constexpr const char* kFacturae = "30";      // one served by Facturae
@@ -35,24 +30,12 @@ std::vector<std::string> Sentencias(const std::string& registro) {
   return sentencias;
 }
 
-/// A small demo database in a folder whose name has blanks and letters outside ASCII.
-class Facturas : public testing::Test {
+class Facturas : public ConDemo {
  protected:
-  void SetUp() override {
-    const Ejecucion demo({"demo", "--carpeta", Demo().string(), "--facturas", "120"});
-    ASSERT_EQ(demo.codigo, 0) << demo.mensajes;
-    ASSERT_NE(demo.resultado.find((Demo() / "kvraedi.db").string()), std::string::npos);
-    ASSERT_NE(demo.resultado.find("INVOIC"), std::string::npos);
-  }
+  Facturas() : ConDemo(120) {}
 
-  fs::path Demo() const { return carpeta / "señales de año"; }
   fs::path Envios() const { return Demo() / "Envios"; }
 
-  Ejecucion Ejecutar(Palabras args, const Palabras& mas = {}) const {
-    args.insert(args.end(), {"--conexion", "sqlite:" + (Demo() / "kvraedi.db").string()});
-    args.insert(args.end(), mas.begin(), mas.end());
-    return Ejecucion(args);
-  }
   Ejecucion Listar(const Palabras& mas = {}) const {
     return Ejecutar({"facturas", "listar", "--desde", "01/01/2000", "--hasta", "31/12/2099"}, mas);
   }
@@ -87,14 +70,15 @@ class Facturas : public testing::Test {
     return ficheros;
   }
   std::int64_t Enviadas() const {
-    SqliteConnection conexion((Demo() / "kvraedi.db").string());
+    SqliteConnection conexion(Base().string());
     return conexion.Open("SELECT COUNT(*) AS n FROM EDI_Envio_Facturas")->Get<std::int64_t>("n");
   }
-
-  CarpetaTemporal carpeta;
 };
 
 TEST_F(Facturas, FiltersPartTheList) {
+  for (const std::string& dicho : {Base().string(), std::string("INVOIC")}) {
+    EXPECT_NE(creacion.resultado.find(dicho), std::string::npos) << creacion.resultado;
+  }
   const auto todas = Lista();
   EXPECT_GT(todas.size(), 50U);
   std::set<std::string> tipos;
@@ -127,13 +111,6 @@ TEST_F(Facturas, TheRegionDecidesTheDecimalSign) {
   };
   EXPECT_NE(importe("es").find(','), std::string::npos);
   EXPECT_NE(importe("en").find('.'), std::string::npos);
-}
-
-TEST_F(Facturas, TheTableNamesEveryRow) {
-  const std::string tabla = Listar({"--cliente", kInvoic}).resultado;
-  for (const auto& fila : Lista({"--cliente", kInvoic, "--tipo", "directa"})) {
-    EXPECT_NE(tabla.find("  " + Clave(fila) + "\n"), std::string::npos) << Clave(fila);
-  }
 }
 
 TEST_F(Facturas, TheLogHoldsEveryStatementAndTheListIsLoadedOnce) {
@@ -230,17 +207,6 @@ TEST_F(Facturas, RefusalsOfTheComponentEndWithOne) {
   EXPECT_TRUE(FicherosEn(Envios()).empty());
 }
 
-TEST_F(Facturas, AMissingSendingFolderIsReportedAndNothingIsRecorded) {
-  fs::remove_all(Envios());
-  const std::int64_t antes = Enviadas();
-  const Ejecucion envio = Enviar(kInvoic, {"--todas"});
-  EXPECT_EQ(envio.codigo, 1);
-  EXPECT_TRUE(envio.Dice("clsSeres:INVOIC: No existe la ruta para generación de ficheros EDI"));
-  EXPECT_TRUE(envio.Dice("Error al generar la factura INVOIC: "));
-  EXPECT_NE(envio.resultado.find("Facturas enviadas: 0"), std::string::npos);
-  EXPECT_EQ(Enviadas(), antes);
-}
-
 TEST_F(Facturas, AFixedClockAndSeedMakeTheSameFile) {
   const fs::path copia = carpeta / "copia";
   fs::copy(Demo(), copia, fs::copy_options::recursive);
@@ -261,7 +227,7 @@ TEST_F(Facturas, AFixedClockAndSeedMakeTheSameFile) {
 }
 
 TEST_F(Facturas, WhatCannotBeOpenedEndsWithThree) {
-  const std::string fichero = (Demo() / "kvraedi.db").string();
+  const std::string fichero = Base().string();
   const struct {
     Ejecucion ejecucion;
     const char* mensaje;
@@ -309,6 +275,59 @@ TEST_F(Facturas, AFacturaeCustomerGetsSignedDocuments) {
   for (; std::getline(lineas, linea); ++firmados) EXPECT_TRUE(fs::exists(linea.substr(2))) << linea;
   EXPECT_GT(firmados, 0);
   EXPECT_EQ(Enviadas(), antes + firmados);
+}
+
+TEST_F(Facturas, AnExportLeavesItsDocumentsInTheFolder) {
+  const auto firmador = fs::read_symlink("/proc/self/exe").parent_path() / "../EDI/FacturaE";
+  if (!fs::exists(firmador / "FirmadorPortal")) GTEST_SKIP() << "the signer was not built";
+  const fs::path destino = carpeta / "para la gestoría";
+  const auto exportar = [&](const std::string& cliente, const Palabras& mas) {
+    return Ejecutar({"facturas", "exportar", "--cliente", cliente, "--desde", "01/01/2000",
+                     "--hasta", "31/12/2099", "--perfil", carpeta.Ruta().string()},
+                    mas);
+  };
+  const auto pendientes = Pendientes(kFacturae);
+  ASSERT_GE(pendientes.size(), 2U);
+  const std::string clave = Clave(pendientes[0]);
+  const Palabras sitio = {"--carpeta", destino.string()};
+  const auto con = [&](Palabras palabras) {
+    palabras.insert(palabras.end(), sitio.begin(), sitio.end());
+    return palabras;
+  };
+  EXPECT_TRUE(exportar(kFacturae, con({"--todas"})).Dice("No existe la ruta especificada"));
+  fs::create_directory(destino);
+  const struct {
+    const char* cliente;
+    Palabras mas;
+    int codigo;
+    const char* mensaje;
+  } rechazos[] = {
+      {kFacturae, {"--todas"}, 2, "falta la opción --carpeta"},
+      {kFacturae, con({}), 2, "hay que dar --todas o --factura"},
+      {kFacturae, con({"--todas", "--revision", "32768"}), 2, "--revision: se esperaba"},
+      {kInvoic, con({"--todas"}), 1, "Debe definir el tipo de plataforma de envío"},
+      {kFacturae, con({"--factura", "1999/1/1"}), 1, "1999/1/1 no está en la lista"},
+  };
+  for (const auto& rechazo : rechazos) {
+    const Ejecucion ejecucion = exportar(rechazo.cliente, rechazo.mas);
+    EXPECT_EQ(ejecucion.codigo, rechazo.codigo) << rechazo.mensaje;
+    EXPECT_TRUE(ejecucion.Dice(rechazo.mensaje)) << ejecucion.mensajes;
+  }
+  EXPECT_TRUE(FicherosEn(destino).empty());
+
+  const std::int64_t antes = Enviadas();
+  for (const char* revision : {"0", "3"}) {  // the second export replaces the files of the first
+    const Ejecucion hecho = exportar(kFacturae, con({"--factura", clave, "--revision", revision}));
+    EXPECT_EQ(hecho.Dice("Número de Revisión 3 ?"), *revision == '3') << hecho.mensajes;
+    const auto ficheros = FicherosEn(destino);
+    const bool imprime = !hecho.Dice("Esta instalación no puede imprimir");
+    EXPECT_EQ(hecho.codigo, imprime ? 0 : 1) << hecho.mensajes;
+    ASSERT_EQ(ficheros.size(), imprime ? 3U : 2U);
+    std::string esperado = "Ficheros exportados: " + std::to_string(ficheros.size()) + "\n";
+    for (const auto& fichero : ficheros) esperado += "  " + (destino / fichero).string() + "\n";
+    EXPECT_EQ(hecho.resultado, esperado);
+  }
+  EXPECT_EQ(Enviadas(), antes);
 }
 
 }  // namespace

@@ -12,14 +12,14 @@ class Lector {
   std::vector<Objeto> Lista() {
     std::vector<Objeto> lista;
     Pedir('[');
-    if (!Toma(']')) {
+    if ((texto_ >> std::ws).peek() == ']') {
+      Pedir(']');
+    } else {
       do {
         lista.push_back(Uno());
-      } while (Toma(','));
-      Pedir(']');
+      } while (Sigue(']'));
     }
-    Blancos();
-    if (lugar_ != texto_.size()) Falla();
+    if (texto_ >> std::ws; texto_.peek() != std::istream::traits_type::eof()) Falla();
     return lista;
   }
 
@@ -31,52 +31,43 @@ class Lector {
       const std::string clave = Texto();
       Pedir(':');
       if (!objeto.emplace(clave, Texto()).second) Falla();
-    } while (Toma(','));
-    Pedir('}');
+    } while (Sigue('}'));
     return objeto;
   }
-
   std::string Texto() {
     std::string texto;
     Pedir('"');
-    for (char c = Siguiente(); c != '"'; c = Siguiente()) {
-      if (static_cast<unsigned char>(c) < ' ') Falla();
-      texto += c == '\\' ? Escape() : c;
+    for (int c = texto_.get(); c != '"'; c = texto_.get()) {
+      if (c < ' ') Falla();  // the end of the text too
+      texto += static_cast<char>(c == '\\' ? Escape() : c);
     }
     return texto;
   }
-
-  char Escape() {
-    const char c = Siguiente();
+  int Escape() {
+    const int c = texto_.get();
     if (c == '"' || c == '\\') return c;
     if (c != 'u') Falla();
-    std::string cifras;
-    while (cifras.size() < 4) cifras += Siguiente();
-    return static_cast<char>(std::stoi(cifras, nullptr, 16));
+    std::string cifras(4, '0');
+    texto_.read(cifras.data(), 4);
+    return std::stoi(cifras, nullptr, 16);
   }
-
   char Siguiente() {
-    if (lugar_ == texto_.size()) Falla();
-    return texto_[lugar_++];
+    char c = '\0';
+    texto_ >> c;
+    return c;
   }
-  void Blancos() {
-    while (lugar_ < texto_.size() && (texto_[lugar_] == ' ' || texto_[lugar_] == '\n')) ++lugar_;
-  }
-  bool Toma(char c) {
-    Blancos();
-    if (lugar_ == texto_.size() || texto_[lugar_] != c) return false;
-    ++lugar_;
-    return true;
+  /// True when another element follows, false at the end of all.
+  bool Sigue(char fin) {
+    const char c = Siguiente();
+    if (c != ',' && c != fin) Falla();
+    return c == ',';
   }
   void Pedir(char c) {
-    if (!Toma(c)) Falla();
+    if (Siguiente() != c) Falla();
   }
-  [[noreturn]] void Falla() const {
-    throw std::runtime_error("bad JSON at " + std::to_string(lugar_));
-  }
+  [[noreturn]] void Falla() { throw std::runtime_error("bad JSON before " + texto_.str()); }
 
-  const std::string& texto_;
-  std::size_t lugar_ = 0;
+  std::istringstream texto_;
 };
 
 }  // namespace

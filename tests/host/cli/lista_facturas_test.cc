@@ -40,13 +40,6 @@ TEST(ListaFacturas, JsonGivesBackEveryText) {
   EXPECT_EQ(filas[1].at("ejercicio"), "2024");
 }
 
-TEST(ListaFacturas, AnEmptyListIsAnEmptyArray) {
-  Pantalla pantalla;
-  std::ostringstream salida;
-  EscribirJson(pantalla.lista, salida);
-  EXPECT_TRUE(LeerJson(salida.str()).empty());
-}
-
 TEST(ListaFacturas, TheTableLinesUpByCharacters) {
   Pantalla pantalla;
   pantalla.Anadir("Ñandú €uro", "1,00");

@@ -1,10 +1,6 @@
 #include <map>
-#include <numeric>
-#include <set>
 #include <tuple>
 
-#include "host/demo/importes.h"
-#include "host/demo/maestros.h"
 #include "platform/suite/empresa_suite.h"
 #include "tests/host/demo/carpeta_demo.h"
 
@@ -53,6 +49,10 @@ SqliteConnection* ContenidoDemo::db = nullptr;
 TEST_F(ContenidoDemo, EveryKindOfCaseIsThere) {
   const std::string factura_cliente =
       "Facturas f INNER JOIN Clientes c ON c.Cod_Empresa = 1 AND c.Codigo = f.Cliente ";
+  const std::string pedido =
+      "Pedidos_Proveedores p INNER JOIN Pedidos_Proveedores_Lineas l"
+      " ON l.Cod_Empresa = p.Cod_Empresa AND l.Codigo = p.Codigo"
+      " INNER JOIN Proveedores s ON s.Cod_Empresa = 1 AND s.Codigo = p.Cod_Proveedor ";
   const std::string linea_texto = "Facturas_Lineas l WHERE l.Cod_Articulo = -1 ";
   const std::string misma_factura =
       " a.Cod_Empresa = f.Cod_Empresa AND a.Cod_Ejercicio = f.Cod_Ejercicio"
@@ -108,12 +108,16 @@ TEST_F(ContenidoDemo, EveryKindOfCaseIsThere) {
       "Facturas f WHERE (SELECT COUNT(*) FROM EDI_Anexos a WHERE" + misma_factura + ") = 2",
       "TPV_Tickets_Factura WHERE ExcluirEDI IS NULL",
       "TPV_Tickets_Factura WHERE ExcluirEDI = 1",
+      pedido + "WHERE s.Cod_EDIPlat = 4 AND s.Cod_EDITipoMsg = 1 AND p.Fecha_EsperadaFin IS NULL",
+      pedido + "WHERE s.Cod_EDIPlat = 4 AND s.Cod_EDITipoMsg = 2 AND l.Ref IS NULL",
+      pedido + "WHERE s.Cod_EDIPlat = 5 AND l.Cod_Articulo = 9999",
+      "Entradas WHERE Cod_Pedido = 0 AND Documento LIKE 'Ñ-2026-ALBARÁN-_____'",
   };
   for (const std::string& caso : casos) EXPECT_GT(Contar(*db, caso), 0) << caso;
 }
 
 TEST_F(ContenidoDemo, EveryReferenceExists) {
-  const char* sueltas[] = {
+  std::vector<std::string> sueltas = {
       "Facturas f LEFT JOIN Clientes c ON c.Cod_Empresa = 1 AND c.Codigo = f.Cliente"
       " WHERE c.Codigo IS NULL",
       "Facturas f LEFT JOIN Almacenes a ON a.Cod_Empresa = f.Cod_Empresa AND a.Codigo = f.Almacen"
@@ -124,8 +128,21 @@ TEST_F(ContenidoDemo, EveryReferenceExists) {
       " AND t.Codigo = f.Codigo WHERE t.Codigo IS NULL",
       "Clientes c LEFT JOIN Cadenas n ON n.Cod_Empresa = 1 AND n.Nivel = 10"
       " AND n.Codigo = c.Cad_Nivel_10 WHERE c.Cad_Nivel_10 > 0 AND n.Codigo IS NULL",
+      "EDI_Centros_Administrativos ca LEFT JOIN Codigos_Postales cp ON cp.Codigo ="
+      " CAST(ca.CodigoPostal AS int) AND cp.Localidad = ca.Localidad"
+      " AND cp.Provincia = ca.Provincia WHERE cp.Codigo IS NULL",
+      "Facturas WHERE Cod_Empresa = 2 AND Impuestos <> 0",
+      "(SELECT Cod_Empresa, Cod_Almacen FROM Pedidos_Proveedores UNION"
+      " SELECT Cod_Empresa, Cod_Almacen FROM Entradas) d LEFT JOIN Almacenes a"
+      " ON a.Cod_Empresa = d.Cod_Empresa AND a.Codigo = d.Cod_Almacen WHERE a.Codigo IS NULL",
   };
-  for (const char* suelta : sueltas) EXPECT_EQ(Contar(*db, suelta), 0) << suelta;
+  for (const std::string rol : {"Fiscal", "Receptor", "Pagador", "Comprador"}) {
+    const std::string columna = "c.EDI_Rol_" + rol;
+    EXPECT_GT(Contar(*db, "Clientes c WHERE " + columna + " <> ''"), 0) << rol;
+    sueltas.push_back("Clientes c LEFT JOIN EDI_Centros_Administrativos ca ON ca.Codigo = " +
+                      columna + " WHERE " + columna + " <> '' AND ca.Codigo IS NULL");
+  }
+  for (const std::string& suelta : sueltas) EXPECT_EQ(Contar(*db, suelta), 0) << suelta;
 }
 
 TEST_F(ContenidoDemo, TotalsAddUp) {
@@ -173,68 +190,6 @@ TEST_F(ContenidoDemo, LinesAndTaxesFollowFromTheirRates) {
     EXPECT_EQ(units("Unidades") % 10, 0) << "three decimals at most";
     const std::int64_t producto = units("Unidades") / 10 * units("Precio") * units("PDescuento");
     EXPECT_EQ(units("Descuento"), Redondo(producto, 1'000'000'000) / 1'000'000'000);
-  }
-}
-
-TEST_F(ContenidoDemo, TwoFiscalYearsInOrderOfDate) {
-  const auto rs = db->Open(
-      "SELECT Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Fecha, Hora FROM Facturas"
-      " ORDER BY Cod_Empresa, Cod_Ejercicio, Serie, TipoDoc, Codigo");
-  std::map<std::tuple<int, int, int, int>, std::pair<int, FechaHora>> last;
-  std::set<int> ejercicios;
-  for (; !rs->Eof(); rs->MoveNext()) {
-    const auto [empresa, ejercicio, serie, codigo, tipoDoc] = LeerClave(*rs);
-    const auto fecha = rs->Get<FechaHora>("Fecha");
-    EXPECT_EQ(fecha.year, ejercicio);
-    EXPECT_FALSE(fecha.HasTime());
-    EXPECT_TRUE(rs->Get<FechaHora>("Hora").HasTime());
-    auto& [numero, anterior] = last[{empresa, ejercicio, serie, tipoDoc}];
-    EXPECT_EQ(codigo, ++numero) << "numbers without gaps";
-    EXPECT_LE(anterior, fecha);
-    anterior = fecha;
-    ejercicios.insert(ejercicio);
-  }
-  EXPECT_EQ(ejercicios, (std::set<int>{2025, 2026}));
-}
-
-TEST_F(ContenidoDemo, CompaniesAndTheirParameters) {
-  const EmpresaSuite igic(*db, 1, carpeta->Ruta());
-  const EmpresaSuite exenta(*db, 2, carpeta->Ruta());
-  EXPECT_TRUE(igic.AplicaIGIC());
-  EXPECT_FALSE(exenta.AplicaIGIC());
-  EXPECT_EQ(Contar(*db, "Facturas WHERE Cod_Empresa = 2 AND Impuestos <> 0"), 0);
-  for (const EmpresaSuite* empresa : {&igic, &exenta}) {
-    for (const char* parametro : {"EDI_PathFichEnvios", "EDI_PathFichRecibir"}) {
-      EXPECT_TRUE(
-          std::filesystem::is_directory(std::get<std::string>(empresa->Parametro(parametro))));
-    }
-    const auto gln = std::get<std::string>(empresa->Parametro("EDI_GLNEmpresa"));
-    ASSERT_EQ(gln.size(), 13U);
-    int sum = 0;
-    for (std::size_t i = 0; i < gln.size(); ++i) sum += (gln[i] - '0') * (i % 2 == 0 ? 1 : 3);
-    EXPECT_EQ(sum % 10, 0) << gln;
-  }
-  EXPECT_EQ(demo::Gln(1001).size(), 13U);
-}
-
-TEST_F(ContenidoDemo, CentresAndPostalCodesFitTogether) {
-  for (const char* rol : {"Fiscal", "Receptor", "Pagador", "Comprador"}) {
-    const std::string columna = std::string("c.EDI_Rol_") + rol;
-    EXPECT_GT(Contar(*db, "Clientes c WHERE " + columna + " <> ''"), 0) << rol;
-    EXPECT_EQ(Contar(*db, "Clientes c LEFT JOIN EDI_Centros_Administrativos ca ON ca.Codigo = " +
-                              columna + " WHERE " + columna + " <> '' AND ca.Codigo IS NULL"),
-              0)
-        << rol;
-  }
-  EXPECT_EQ(Contar(*db,
-                   "EDI_Centros_Administrativos ca LEFT JOIN Codigos_Postales cp ON cp.Codigo ="
-                   " CAST(ca.CodigoPostal AS int) AND cp.Localidad = ca.Localidad"
-                   " AND cp.Provincia = ca.Provincia WHERE cp.Codigo IS NULL"),
-            0);
-  constexpr int kProvincias = 52;
-  for (int provincia = 1; provincia <= kProvincias; ++provincia) {
-    const std::string primero = std::to_string(provincia * 1000 + 1);
-    EXPECT_EQ(Contar(*db, "Codigos_Postales WHERE Codigo = " + primero), 1) << primero;
   }
 }
 

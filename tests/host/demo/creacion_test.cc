@@ -18,7 +18,8 @@ TEST(CrearDemo, MakesTheFolders) {
   EXPECT_EQ(carpeta.Crear(10), carpeta.Ruta() / "kvraedi.db");
   EXPECT_TRUE(fs::is_directory(carpeta.Ruta() / "Envios"));
   EXPECT_TRUE(fs::is_directory(carpeta.Ruta() / "Recepcion"));
-  EXPECT_EQ(std::distance(fs::directory_iterator(carpeta.Ruta()), fs::directory_iterator()), 3)
+  EXPECT_TRUE(fs::is_regular_file(carpeta.Ruta() / "Rpt" / "Factura.rpt"));
+  EXPECT_EQ(std::distance(fs::directory_iterator(carpeta.Ruta()), fs::directory_iterator()), 4)
       << "nothing else stays behind";
 }
 
@@ -56,16 +57,12 @@ TEST(CrearDemo, RefusesToOverwriteUnlessTold) {
   EXPECT_EQ(Contar(db, "Facturas"), 20);
 }
 
-TEST(CrearDemo, RefusesNumbersOutOfRange) {
+TEST(CrearDemo, RefusesNumbersOutOfRangeAndFoldersThatCannotBeMade) {
+  const CarpetaDemo carpeta("fuera");
   for (const int facturas : {-1, demo::kMaximoFacturas + 1}) {
-    const CarpetaDemo carpeta("fuera");
     EXPECT_THROW(carpeta.Crear(facturas), Error);
     EXPECT_FALSE(fs::exists(carpeta.Ruta()));
   }
-}
-
-TEST(CrearDemo, AFolderThatCannotBeMadeIsAnError) {
-  const CarpetaDemo carpeta("fichero");
   fs::create_directories(carpeta.Ruta().parent_path());
   std::ofstream(carpeta.Ruta()) << "no es una carpeta";
   EXPECT_THROW(carpeta.Crear(1), Error);

@@ -64,8 +64,9 @@ TEST_F(EscritorioTest, GuardaLasImagenesSinEscribirEnLaBase) {
   const auto carpetaImagenes = carpeta / "imágenes";
   std::filesystem::create_directory(carpetaImagenes);
   EXPECT_EQ(RunDesktop(Sesion(Pictures{carpetaImagenes, "01/01/2024", "31/12/2024"})), 0);
-  for (const char* nombre : {"principal", "facturas_emitidas_aviso", "facturas_emitidas",
-                             "facturas_emitidas_seleccion", "anexos", "centros", "centros_datos"}) {
+  for (const char* nombre :
+       {"principal", "facturas_emitidas_aviso", "facturas_emitidas", "facturas_emitidas_seleccion",
+        "anexos", "centros", "centros_datos", "recibidas", "pendientes"}) {
     const auto fichero = carpetaImagenes / (std::string(nombre) + ".png");
     EXPECT_FALSE(QImage(QString::fromStdString(fichero.string())).isNull()) << nombre;
   }

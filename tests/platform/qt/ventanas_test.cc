@@ -198,29 +198,59 @@ TEST_F(Ventanas, RepintarPintaAntesDeVolver) {
   EXPECT_GT(pintado.veces, 0);
 }
 
+/// Opens a dialog for a user that does this with it once it is there.
+template <class Abrir>
+auto ConUsuario(const std::function<void(QFileDialog&)>& elige, const Abrir& abrir) {
+  QTimer timer;
+  QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
+    auto* dialogo = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
+    if (dialogo != nullptr) elige(*dialogo);
+  });
+  timer.start(10);
+  return abrir();
+}
+
+void Aceptar(QFileDialog& dialogo) {
+  QTest::keyClick(dialogo.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
+}
+void Renunciar(QFileDialog& dialogo) { QTest::keyClick(&dialogo, Qt::Key_Escape); }
+
 TEST_F(Ventanas, ElDialogoDeFicherosDaLoElegido) {
   const CarpetaTemporal carpeta;
   for (const char* nombre : {"el año 'x'.pdf", "nota.txt"}) std::ofstream(carpeta / nombre) << "x";
-  const auto abre = [&](const std::function<void(QFileDialog&)>& elige) {
-    QTimer timer;
-    QObject::connect(&timer, &QTimer::timeout, &timer, [&] {
-      auto* dialogo = qobject_cast<QFileDialog*>(QApplication::activeModalWidget());
-      if (dialogo != nullptr) elige(*dialogo);
-    });
-    timer.start(10);
+  const auto abrir = [&] {
     return usuario_.Pantallas().ChooseFile({.title = "Anexo",
                                             .filter = "Documento (*.pdf)|*.pdf|Todos|*.*;*",
                                             .folder = carpeta.Ruta(),
                                             .name = "el año 'x'.pdf"});
   };
-  const auto elegido = abre([&](QFileDialog& dialogo) {
-    EXPECT_EQ(dialogo.windowTitle(), "Anexo");
-    EXPECT_EQ(dialogo.nameFilters(), QStringList({"Documento (*.pdf)", "Todos (*.* *)"}));
-    QTest::keyClick(dialogo.findChild<QLineEdit*>("fileNameEdit"), Qt::Key_Return);
-  });
+  const auto elegido = ConUsuario(
+      [&](QFileDialog& dialogo) {
+        EXPECT_EQ(dialogo.windowTitle(), "Anexo");
+        EXPECT_EQ(dialogo.nameFilters(), QStringList({"Documento (*.pdf)", "Todos (*.* *)"}));
+        Aceptar(dialogo);
+      },
+      abrir);
   EXPECT_EQ(elegido, carpeta / "el año 'x'.pdf");
-  EXPECT_EQ(abre([](QFileDialog& dialogo) { QTest::keyClick(&dialogo, Qt::Key_Escape); }),
-            std::nullopt);
+  EXPECT_EQ(ConUsuario(Renunciar, abrir), std::nullopt);
+}
+
+TEST_F(Ventanas, ElDialogoDeCarpetasDaLaElegida) {
+  const CarpetaTemporal carpeta;
+  std::filesystem::create_directory(carpeta / "año 'x'");
+  const auto abrir = [&] {
+    return usuario_.Pantallas().ChooseFolder({"Selecciona el Directorio", carpeta.Ruta()});
+  };
+  EXPECT_EQ(ConUsuario(
+                [&](QFileDialog& dialogo) {
+                  EXPECT_EQ(dialogo.windowTitle(), "Selecciona el Directorio");
+                  EXPECT_EQ(dialogo.directory().path().toStdString(), carpeta.Ruta().string());
+                  dialogo.findChild<QLineEdit*>("fileNameEdit")->setText("año 'x'");
+                  Aceptar(dialogo);
+                },
+                abrir),
+            carpeta / "año 'x'");
+  EXPECT_EQ(ConUsuario(Renunciar, abrir), std::nullopt);
 }
 
 }  // namespace

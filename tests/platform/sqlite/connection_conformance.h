@@ -79,19 +79,12 @@ TEST_P(ConnectionConformance, TextsKeepEveryCharacter) {
 
 TEST_P(ConnectionConformance, TextsCompareWithoutCaseAndTrailingBlanks) {
   Insert("Nombre", "'Peñón  '");
-  struct Case {
-    const char* text;
-    int found;
-  };
-  for (const Case& c : std::vector<Case>{{"peñón", 1},
-                                         {"PEÑÓN", 1},
-                                         {"Peñón      ", 1},
-                                         {"Penon", 0},
-                                         {"peñon", 0},
-                                         {" Peñón", 0}}) {
-    EXPECT_EQ(Count("Nombre = '" + std::string(c.text) + "'"), c.found) << c.text;
-    EXPECT_EQ(Count("ISNULL(Nombre,'') = '" + std::string(c.text) + "'"), c.found) << c.text;
-    EXPECT_EQ(Count("Nombre IN ('x', '" + std::string(c.text) + "')"), c.found) << c.text;
+  const std::pair<const char*, int> cases[] = {{"peñón", 1}, {"PEÑÓN", 1}, {"Peñón      ", 1},
+                                               {"Penon", 0}, {"peñon", 0}, {" Peñón", 0}};
+  for (const auto& [text, found] : cases) {
+    EXPECT_EQ(Count("Nombre = '" + std::string(text) + "'"), found) << text;
+    EXPECT_EQ(Count("ISNULL(Nombre,'') = '" + std::string(text) + "'"), found) << text;
+    EXPECT_EQ(Count("Nombre IN ('x', '" + std::string(text) + "')"), found) << text;
   }
 }
 
@@ -116,11 +109,7 @@ TEST_P(ConnectionConformance, TextsAreOrderedAsInSpanish) {
 }
 
 TEST_P(ConnectionConformance, DatesCompareInEveryForm) {
-  struct Case {
-    const char* stored;
-    const char* condition;
-  };
-  const std::vector<Case> cases = {
+  const std::pair<const char*, const char*> cases[] = {
       {"01/03/2024", "Fecha = '20240301'"},
       {"2024-03-01", "Fecha = '1/3/2024'"},
       {"20240301", "Fecha BETWEEN '01/03/2024' AND '31/03/2024'"},
@@ -135,10 +124,10 @@ TEST_P(ConnectionConformance, DatesCompareInEveryForm) {
       {"01/10/2023", "Fecha < '02/03/2024'"},
       {"01/10/2023", "ISNULL(Fecha, '') < '02/03/2024'"},
   };
-  for (const Case& c : cases) {
+  for (const auto& [stored, condition] : cases) {
     db_->Execute("DELETE FROM Notas");
-    Insert("Fecha", "'" + std::string(c.stored) + "'");
-    EXPECT_EQ(Count(c.condition), 1) << c.stored << " " << c.condition;
+    Insert("Fecha", "'" + std::string(stored) + "'");
+    EXPECT_EQ(Count(condition), 1) << stored << " " << condition;
   }
 }
 
@@ -225,22 +214,20 @@ TEST_P(ConnectionConformance, NumbersFindTextsByValue) {
 }
 
 TEST_P(ConnectionConformance, NumbersStoredInTextsKeepTheirDigits) {
-  struct Case {
-    const char* number;
-    const char* stored;
-  };
-  for (const Case& c : std::vector<Case>{{"4711", "4711"},
-                                         {"00004711", "4711"},
-                                         {"0", "0"},
-                                         {"123456789012345678", "123456789012345678"},
-                                         {"00123456789012345678901234", "123456789012345678901234"},
-                                         {"12.50", "12.50"}}) {
+  const std::pair<const char*, const char*> cases[] = {
+      {"4711", "4711"},
+      {"00004711", "4711"},
+      {"0", "0"},
+      {"123456789012345678", "123456789012345678"},
+      {"00123456789012345678901234", "123456789012345678901234"},
+      {"12.50", "12.50"}};
+  for (const auto& [number, stored] : cases) {
     db_->Execute("DELETE FROM Notas");
-    Insert("Doc_Num", c.number);
-    EXPECT_EQ(All("SELECT Doc_Num FROM Notas"), c.stored);
-    EXPECT_EQ(Count("Doc_Num = " + std::string(c.number)), 1) << c.number;
-    db_->Execute("UPDATE Notas SET Doc_Num = " + std::string(c.number));
-    EXPECT_EQ(All("SELECT Doc_Num FROM Notas"), c.stored);
+    Insert("Doc_Num", number);
+    EXPECT_EQ(All("SELECT Doc_Num FROM Notas"), stored);
+    EXPECT_EQ(Count("Doc_Num = " + std::string(number)), 1) << number;
+    db_->Execute("UPDATE Notas SET Doc_Num = " + std::string(number));
+    EXPECT_EQ(All("SELECT Doc_Num FROM Notas"), stored);
   }
 }
 
@@ -256,19 +243,16 @@ TEST_P(ConnectionConformance, TextsStoredInNumbersBecomeNumbers) {
 }
 
 TEST_P(ConnectionConformance, MoneyIsExactToFourDecimals) {
-  struct Case {
-    const char* written;
-    std::int64_t units;
-  };
-  for (const Case& c : std::vector<Case>{{"0.1 + 0.2", 3000},
-                                         {"1.0005", 10005},
-                                         {"-2147483.6475", -21474836475},
-                                         {"9999999999.9999", 99999999999999},
-                                         {"7", 70000},
-                                         {"1.00005", 10001}}) {
+  const std::pair<const char*, std::int64_t> cases[] = {{"0.1 + 0.2", 3000},
+                                                        {"1.0005", 10005},
+                                                        {"-2147483.6475", -21474836475},
+                                                        {"9999999999.9999", 99999999999999},
+                                                        {"7", 70000},
+                                                        {"1.00005", 10001}};
+  for (const auto& [written, units] : cases) {
     db_->Execute("DELETE FROM Notas");
-    Insert("Total", c.written);
-    EXPECT_EQ(db_->Open("SELECT Total FROM Notas")->Get<Currency>(0).Units(), c.units) << c.written;
+    Insert("Total", written);
+    EXPECT_EQ(db_->Open("SELECT Total FROM Notas")->Get<Currency>(0).Units(), units) << written;
   }
   db_->Execute("UPDATE Notas SET Total = 10");
   EXPECT_EQ(All("SELECT Total / 4 FROM Notas"), "2.5");
@@ -277,20 +261,18 @@ TEST_P(ConnectionConformance, MoneyIsExactToFourDecimals) {
 }
 
 TEST_P(ConnectionConformance, RoundTakesHalvesAwayFromZero) {
-  struct Case {
-    const char* expression;
-    const char* value;
-  };
-  for (const Case& c : std::vector<Case>{{"ROUND(1.0005, 3)", "1.001"},
-                                         {"ROUND(-1.0005, 3)", "-1.001"},
-                                         {"ROUND(2.5 * 3 - 2.5 * 3 * 10 / 100, 3)", "6.75"},
-                                         {"ROUND(1.00449999, 2)", "1"},
-                                         {"ROUND(9.995, 2)", "10"},
-                                         {"ROUND(0.0004, 3)", "0"},
-                                         {"ROUND(0.5, 0)", "1"},
-                                         {"ROUND(1250.0, -2)", "1300"},
-                                         {"ROUND(NULL, 2)", "NULL"}}) {
-    EXPECT_EQ(All("SELECT " + std::string(c.expression)), c.value) << c.expression;
+  const std::pair<const char*, const char*> cases[] = {
+      {"ROUND(1.0005, 3)", "1.001"},
+      {"ROUND(-1.0005, 3)", "-1.001"},
+      {"ROUND(2.5 * 3 - 2.5 * 3 * 10 / 100, 3)", "6.75"},
+      {"ROUND(1.00449999, 2)", "1"},
+      {"ROUND(9.995, 2)", "10"},
+      {"ROUND(0.0004, 3)", "0"},
+      {"ROUND(0.5, 0)", "1"},
+      {"ROUND(1250.0, -2)", "1300"},
+      {"ROUND(NULL, 2)", "NULL"}};
+  for (const auto& [expression, value] : cases) {
+    EXPECT_EQ(All("SELECT " + std::string(expression)), value) << expression;
   }
 }
 
@@ -362,25 +344,25 @@ TEST_P(ConnectionConformance, NullsRaiseOrAreEmpty) {
 }
 
 TEST_P(ConnectionConformance, IntegersAreChecked) {
-  struct Case {
+  const struct {
     const char* value;
     int error;
     int expected;
-  };
-  for (const Case& c : std::vector<Case>{{"32767", 0, 32767},
-                                         {"32768", kErrorOverflow, 0},
-                                         {"-32768", 0, -32768},
-                                         {"-32769", kErrorOverflow, 0},
-                                         {"2.5", 0, 2},
-                                         {"3.5", 0, 4},
-                                         {"-2.5", 0, -2},
-                                         {"32767.5", kErrorOverflow, 0},
-                                         {"1e30", kErrorOverflow, 0},
-                                         {"' 12 '", 0, 12},
-                                         {"'12.5'", 0, 12},
-                                         {"'doce'", kErrorTypeMismatch, 0},
-                                         {"''", kErrorTypeMismatch, 0},
-                                         {"0x01", kErrorTypeMismatch, 0}}) {
+  } cases[] = {{"32767", 0, 32767},
+               {"32768", kErrorOverflow, 0},
+               {"-32768", 0, -32768},
+               {"-32769", kErrorOverflow, 0},
+               {"2.5", 0, 2},
+               {"3.5", 0, 4},
+               {"-2.5", 0, -2},
+               {"32767.5", kErrorOverflow, 0},
+               {"1e30", kErrorOverflow, 0},
+               {"' 12 '", 0, 12},
+               {"'12.5'", 0, 12},
+               {"'doce'", kErrorTypeMismatch, 0},
+               {"''", kErrorTypeMismatch, 0},
+               {"0x01", kErrorTypeMismatch, 0}};
+  for (const auto& c : cases) {
     auto rows = db_->Open("SELECT " + std::string(c.value));
     int value = 0;
     EXPECT_EQ(ErrorOf([&] { value = rows->Get<std::int16_t>(0); }), c.error) << c.value;
@@ -411,19 +393,16 @@ TEST_P(ConnectionConformance, ValuesAreReadAsOtherTypes) {
 }
 
 TEST_P(ConnectionConformance, RealsAsTextHaveFifteenDigits) {
-  struct Case {
-    const char* expression;
-    const char* text;
-  };
-  for (const Case& c : std::vector<Case>{{"0.1 + 0.2", "0.3"},
-                                         {"1.0 / 3.0", "0.333333333333333"},
-                                         {"2.0", "2"},
-                                         {"-0.0001", "-0.0001"},
-                                         {"123456789.125", "123456789.125"},
-                                         {"1000000.0 * 1000000.0", "1000000000000"},
-                                         {"1e300", "1E+300"},
-                                         {"0.0", "0"}}) {
-    EXPECT_EQ(All("SELECT " + std::string(c.expression)), c.text) << c.expression;
+  const std::pair<const char*, const char*> cases[] = {{"0.1 + 0.2", "0.3"},
+                                                       {"1.0 / 3.0", "0.333333333333333"},
+                                                       {"2.0", "2"},
+                                                       {"-0.0001", "-0.0001"},
+                                                       {"123456789.125", "123456789.125"},
+                                                       {"1000000.0 * 1000000.0", "1000000000000"},
+                                                       {"1e300", "1E+300"},
+                                                       {"0.0", "0"}};
+  for (const auto& [expression, text] : cases) {
+    EXPECT_EQ(All("SELECT " + std::string(expression)), text) << expression;
   }
 }
 
@@ -567,18 +546,15 @@ TEST_P(ConnectionConformance, TextsAreJoinedWithPlus) {
 }
 
 TEST_P(ConnectionConformance, ConversionsGiveTheTypeAskedFor) {
-  struct Case {
-    const char* expression;
-    const char* value;
-  };
-  for (const Case& c : std::vector<Case>{{"CONVERT(int, '12')", "12"},
-                                         {"CAST('12.34567' AS money)", "12.3457"},
-                                         {"CAST(1.005 AS decimal(9, 2))", "1.01"},
-                                         {"CONVERT(varchar(3), 'abcdef')", "abc"},
-                                         {"CONVERT(varchar(5), 'abcdef')", "abcde"},
-                                         {"CAST(2.50 AS varchar(10))", "2.5"},
-                                         {"LEN('añ ')", "2"}}) {
-    EXPECT_EQ(All("SELECT " + std::string(c.expression)), c.value) << c.expression;
+  const std::pair<const char*, const char*> cases[] = {{"CONVERT(int, '12')", "12"},
+                                                       {"CAST('12.34567' AS money)", "12.3457"},
+                                                       {"CAST(1.005 AS decimal(9, 2))", "1.01"},
+                                                       {"CONVERT(varchar(3), 'abcdef')", "abc"},
+                                                       {"CONVERT(varchar(5), 'abcdef')", "abcde"},
+                                                       {"CAST(2.50 AS varchar(10))", "2.5"},
+                                                       {"LEN('añ ')", "2"}};
+  for (const auto& [expression, value] : cases) {
+    EXPECT_EQ(All("SELECT " + std::string(expression)), value) << expression;
   }
   EXPECT_EQ(ErrorOf([&] { db_->Open("SELECT CAST('31/02/2024' AS datetime)"); }), kErrorDatabase);
 }

@@ -41,15 +41,14 @@ TEST_F(DatabaseFileTest, AProgramOfItsOwnCanOpenTheFile) {
 }
 
 TEST_F(DatabaseFileTest, DurabilitySettings) {
-  struct Case {
+  const struct {
     Durability durability;
-    const char* journal;
-    const char* synchronous;
-  };
-  for (const Case& c : std::vector<Case>{{Durability::kFull, "delete", "2"},
-                                         {Durability::kWal, "wal", "1"},
-                                         {Durability::kNone, "memory", "0"},
-                                         {Durability::kFull, "delete", "2"}}) {
+    const char *journal, *synchronous;
+  } cases[] = {{Durability::kFull, "delete", "2"},
+               {Durability::kWal, "wal", "1"},
+               {Durability::kNone, "memory", "0"},
+               {Durability::kFull, "delete", "2"}};
+  for (const auto& c : cases) {
     db_.reset();
     db_ = file_.Open(true, c.durability);
     EXPECT_EQ(Raw("PRAGMA journal_mode"), c.journal);

@@ -6,12 +6,11 @@ namespace {
 class DefinitionsTest : public SqliteTest {};
 
 TEST_F(DefinitionsTest, ColumnsKeepTheirTypeAndGetTheirAffinity) {
-  struct Case {
+  const struct {
     const char* type;
     const char* declared;
     const char* stored;  // the kind of value that the text '12' becomes
-  };
-  const std::vector<Case> cases = {
+  } cases[] = {
       {"[int]", "int", "integer"},
       {"bit", "int_bit", "integer"},
       {"bigint", "bigint", "integer"},
@@ -24,7 +23,7 @@ TEST_F(DefinitionsTest, ColumnsKeepTheirTypeAndGetTheirAffinity) {
       {"uniqueidentifier", "text_uniqueidentifier", "text"},
       {"varbinary(MAX)", "blob_varbinary", "text"},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
     db_->Run("CREATE TABLE dbo.T (C " + std::string(c.type) + " NULL)");
     EXPECT_EQ(Raw("SELECT lower(type) FROM pragma_table_info('T')"), c.declared);
     Raw("INSERT INTO T VALUES ('12')");
@@ -58,6 +57,39 @@ TEST_F(DefinitionsTest, KeysDefaultsAndIdentity) {
   EXPECT_EQ(db_->Execute("DELETE Lin WHERE Texto = 'A'"), 1);
   EXPECT_NE(DescriptionOf([this] { db_->Run("CREATE TABLE X (F datetime DEFAULT '30/02/2024')"); }),
             "");
+}
+
+TEST_F(DefinitionsTest, ComputedColumnsFollowTheOnesTheyName) {
+  db_->Run(R"(
+      CREATE TABLE P (ID int IDENTITY(1,1), Ini datetime, Precio money, Unidades int,
+        Envio AS Ini, Total AS (Precio * (Unidades + 1)) PERSISTED, Fin datetime))");
+  EXPECT_EQ(db_->Execute("INSERT INTO P VALUES ('1/2/2024', 1.5, 3, '')"), 1);
+  EXPECT_EQ(All("SELECT Envio FROM P WHERE Envio = '20240201' AND Total = 6"), "2024-02-01");
+  EXPECT_EQ(db_->Open("SELECT * FROM P")->Get<Currency>("Total"), Currency::FromInteger(6));
+  db_->Execute("UPDATE P SET Ini = '31/01/2024'");
+  EXPECT_EQ(All("SELECT ID FROM P WHERE Envio < '01/02/2024'"), "1");
+  EXPECT_NE(DescriptionOf([this] { db_->Execute("UPDATE P SET Envio = '1/1/2024'"); }), "");
+  EXPECT_NE(DescriptionOf([this] { db_->Run("CREATE TABLE X (A AS B, B int)"); }), "");
+}
+
+TEST_F(DefinitionsTest, TriggersStandInScripts) {
+  db_->Run(R"(
+      CREATE TABLE A (N int, OK bit NOT NULL DEFAULT 0);
+      CREATE TABLE B (N int)
+      GO
+      CREATE TRIGGER Mover AFTER UPDATE OF OK ON A WHEN NEW.OK = 1 AND OLD.OK = 0
+      BEGIN
+        INSERT INTO B (N) SELECT CASE WHEN NEW.N > 5 THEN 5 ELSE NEW.N END;
+        DELETE FROM B WHERE N = 3;
+      END
+      GO
+      INSERT INTO A (N) VALUES (2), (3), (9))");
+  EXPECT_EQ(db_->Execute("UPDATE A SET OK = 1"), 3);
+  EXPECT_EQ(All("SELECT N FROM B ORDER BY N"), "2 5");
+  db_->Run("DROP TRIGGER Mover");
+  db_->Execute("UPDATE A SET OK = 0");
+  db_->Execute("UPDATE A SET OK = 1");
+  EXPECT_EQ(All("SELECT COUNT(*) FROM B"), "2");
 }
 
 TEST_F(DefinitionsTest, IndexNamesBelongToTheirTable) {

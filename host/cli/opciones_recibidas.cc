@@ -1,0 +1,61 @@
+#include "host/cli/argumentos.h"
+#include "host/cli/valores.h"
+
+namespace kvraedi::cli {
+namespace {
+
+constexpr Opcion kDesde = {"--desde", "FECHA", "Primera fecha, dd/mm/aaaa (obligatoria)",
+                           [](Argumentos& a, const std::string& v) { a.desde = v; }, true};
+constexpr Opcion kHasta = {"--hasta", "FECHA", "Última fecha, dd/mm/aaaa (obligatoria)",
+                           [](Argumentos& a, const std::string& v) { a.hasta = v; }, true};
+constexpr Opcion kMensaje = {
+    "--mensaje", "ID", "Identificador del mensaje, como lo da «recibidas listar» (obligatoria)",
+    [](Argumentos& a, const std::string& v) { a.recibida.mensaje = NoVacio(v); }, true};
+constexpr Opcion kJson = {"--json", "", "Da la lista en JSON, con los textos de sus columnas",
+                          [](Argumentos& a, const std::string& /*v*/) { a.json = true; }};
+
+constexpr Opcion kListar[] = {
+    kDesde,
+    kHasta,
+    {"--proveedor", "N", "Sólo las de este proveedor",
+     [](Argumentos& a, const std::string& v) {
+       a.recibida.proveedor = EnteroDesde<std::int32_t>(v, 1);
+     }},
+    kJson,
+};
+
+constexpr Opcion kUna[] = {kDesde, kHasta, kMensaje};
+
+constexpr Opcion kComentar[] = {
+    kDesde,
+    kHasta,
+    kMensaje,
+    {"--texto", "TEXTO", "El comentario (obligatoria)",
+     [](Argumentos& a, const std::string& v) { a.recibida.texto = v; }, true},
+};
+
+constexpr Opcion kImprimir[] = {
+    kDesde,
+    kHasta,
+    kMensaje,
+    {"--pdf", "FICHERO", "La imprime en un fichero PDF, no en la impresora",
+     [](Argumentos& a, const std::string& v) { a.recibida.pdf = NoVacio(v); }},
+};
+
+constexpr Opcion kPendientes[] = {kJson};
+
+constexpr Opcion kVer[] = {
+    {"FICHERO", "FICHERO", "Fichero INVOIC, de quien sea (obligatorio)",
+     [](Argumentos& a, const std::string& v) { a.fichero = NoVacio(v); }, true},
+};
+
+}  // namespace
+
+std::span<const Opcion> OpcionesRecibidasListar() { return kListar; }
+std::span<const Opcion> OpcionesRecibidasUna() { return kUna; }
+std::span<const Opcion> OpcionesRecibidasComentar() { return kComentar; }
+std::span<const Opcion> OpcionesRecibidasImprimir() { return kImprimir; }
+std::span<const Opcion> OpcionesPendientesListar() { return kPendientes; }
+std::span<const Opcion> OpcionesVer() { return kVer; }
+
+}  // namespace kvraedi::cli

@@ -1,0 +1,180 @@
+#include <array>
+#include <exception>
+#include <functional>
+#include <ostream>
+
+#include "host/cli/al_abrir.h"
+#include "host/cli/controles.h"
+#include "host/cli/fallo.h"
+#include "host/cli/ordenes.h"
+#include "host/cli/sesion_cli.h"
+#include "host/cli/tabla.h"
+#include "host/cli/visor_factura.h"
+#include "kvraedi/frmclsFacturacionRecepcion.h"
+#include "kvraedi/ui/report_viewer.h"
+
+namespace kvraedi::cli {
+namespace {
+
+/// Columns of the list vsDocs.
+enum Columna : int {
+  kDocumento,
+  kFecha,
+  kProveedor,
+  kProveedorNombre,
+  kImporte,
+  kUsuario,
+  kUsuarioNombre,
+  kObservaciones,
+  kMensaje,
+  kPlataforma,
+  kTipoMensaje,
+  kColumnas
+};
+
+constexpr std::array<std::string_view, kColumnas> kNombresJson = {
+    "factura",        "fecha",         "proveedor", "proveedor_nombre", "importe",     "usuario",
+    "usuario_nombre", "observaciones", "mensaje",   "plataforma",       "tipo_mensaje"};
+
+constexpr ColumnaTabla kTabla[] = {
+    {"Factura", Celda<kDocumento>, true},     {"Fecha", Celda<kFecha>},
+    {"Prov.", Celda<kProveedor>, true},       {"Nombre", Celda<kProveedorNombre>},
+    {"Importe", Celda<kImporte>, true},       {"Visado", Celda<kUsuarioNombre>},
+    {"Observaciones", Celda<kObservaciones>}, {"Mensaje", Celda<kMensaje>},
+};
+
+/// The user at the screen frmRecepcionFactura, with the list loaded.
+struct Recepcion {
+  ui::Form& form;
+  ui::Grid& lista;
+  HeadlessToolkit& pantallas;
+
+  void Pulsar(const char* boton) const { Buscar<ui::Button>(form, boton).Press(); }
+  std::string Texto(Columna columna) const { return CeldaPlana(lista, lista.Row(), columna); }
+  void Elegir(const std::string& mensaje) const {
+    for (int fila = 1; fila < lista.Rows(); ++fila) {
+      if (lista.Cell(fila, kMensaje) == mensaje) return lista.Click(fila, kDocumento);
+    }
+    throw Fallo(kRechazado, "el mensaje «" + mensaje + "» no está en la lista");
+  }
+};
+
+bool Cargar(ui::Form& form, const Argumentos& argumentos, const HeadlessToolkit& pantallas) {
+  if (!pantallas.Messages().empty()) return false;
+  if (argumentos.recibida.proveedor) {
+    auto& proveedor = Buscar<ui::Picker>(form, "txtProveedor");
+    proveedor.Type(std::to_string(*argumentos.recibida.proveedor));
+  }
+  Buscar<ui::DateBox>(form, "txtFechaI").Type(argumentos.desde);
+  auto& hasta = Buscar<ui::DateBox>(form, "txtFechaF");
+  hasta.Type(argumentos.hasta);
+  hasta.PressEnter();
+  return pantallas.Messages().empty();
+}
+
+/// Opens the list for the filters of the command line and lets the user that `pasos` describes work
+/// on it. A message of the component makes the result a refusal.
+int UsarRecepcion(const Argumentos& argumentos, const Salida& salida,
+                  const std::function<void(const Recepcion&)>& pasos) {
+  SesionCli sesion(argumentos, salida.mensajes);
+  HeadlessToolkit& pantallas = sesion.Pantallas();
+  std::exception_ptr error;
+  AlAbrir(pantallas, "frmRecepcionFactura", error, [&](ui::Form& form) {
+    if (Cargar(form, argumentos, pantallas)) {
+      pasos({form, Buscar<ui::Grid>(form, "vsDocs"), pantallas});
+    }
+  });
+  {
+    constexpr std::int16_t kModal = 1;
+    frmclsFacturacionRecepcion recepcion;
+    recepcion.EmpresaKestrova(sesion.EmpresaActual());
+    recepcion.ConexionKestrova(sesion.Conexion());
+    recepcion.Show(kModal, nullptr);
+  }
+  if (error) std::rethrow_exception(error);
+  sesion.Cerrar();
+  return pantallas.Messages().empty() ? kHecho : kRechazado;
+}
+
+/// Opens the invoice that the command line names in the viewer, for that user.
+int UsarVisor(const Argumentos& argumentos, const Salida& salida,
+              const std::function<void(ui::Form&, HeadlessToolkit&)>& pasos) {
+  return UsarRecepcion(argumentos, salida, [&](const Recepcion& recepcion) {
+    recepcion.Elegir(argumentos.recibida.mensaje);
+    std::exception_ptr error;
+    AlAbrir(recepcion.pantallas, "frmVisorFactura", error,
+            [&](ui::Form& visor) { pasos(visor, recepcion.pantallas); });
+    recepcion.Pulsar("cmdVisualizar");
+    if (error) std::rethrow_exception(error);
+  });
+}
+
+}  // namespace
+
+int EjecutarRecibidasListar(const Argumentos& argumentos, const Salida& salida) {
+  return UsarRecepcion(argumentos, salida, [&](const Recepcion& recepcion) {
+    if (argumentos.json) {
+      EscribirJson(recepcion.lista, kNombresJson, salida.resultado);
+    } else {
+      EscribirTabla(recepcion.lista, kTabla, salida.resultado);
+    }
+  });
+}
+
+int EjecutarRecibidasVisar(const Argumentos& argumentos, const Salida& salida) {
+  return UsarRecepcion(argumentos, salida, [&](const Recepcion& recepcion) {
+    recepcion.Elegir(argumentos.recibida.mensaje);
+    const bool antes = !recepcion.Texto(kUsuario).empty();
+    recepcion.Pulsar("cmdVisado");
+    if (recepcion.Texto(kUsuario).empty()) return;
+    salida.resultado << "Factura " << recepcion.Texto(kDocumento)
+                     << (antes ? ", visada ya por " : ", visada por ")
+                     << recepcion.Texto(kUsuarioNombre) << '\n';
+  });
+}
+
+int EjecutarRecibidasComentar(const Argumentos& argumentos, const Salida& salida) {
+  return UsarRecepcion(argumentos, salida, [&](const Recepcion& recepcion) {
+    recepcion.Elegir(argumentos.recibida.mensaje);
+    std::exception_ptr error;
+    AlAbrir(recepcion.pantallas, "frmEditor_Comentarios", error, [&](ui::Form& editor) {
+      constexpr int kAceptar = 9;
+      Buscar<ui::TextArea>(editor, "txtComent").Type({});
+      Buscar<ui::TextArea>(editor, "txtComent").Type(argumentos.recibida.texto);
+      editor.PressFunctionKey(kAceptar);
+    });
+    recepcion.Pulsar("cmdObservaciones");
+    if (error) std::rethrow_exception(error);
+    if (!recepcion.pantallas.Messages().empty()) return;
+    salida.resultado << "Factura " << recepcion.Texto(kDocumento)
+                     << ", observaciones: " << recepcion.Texto(kObservaciones) << '\n';
+  });
+}
+
+int EjecutarRecibidasVer(const Argumentos& argumentos, const Salida& salida) {
+  return UsarVisor(argumentos, salida, [&](ui::Form& visor, HeadlessToolkit& pantallas) {
+    EscribirFactura(visor, pantallas, salida.resultado);
+  });
+}
+
+int EjecutarRecibidasImprimir(const Argumentos& argumentos, const Salida& salida) {
+  const auto& pdf = argumentos.recibida.pdf;
+  const int codigo =
+      UsarVisor(argumentos, salida, [&](ui::Form& visor, HeadlessToolkit& pantallas) {
+        std::exception_ptr error;
+        AlAbrir(pantallas, "frmView", error, [&](ui::Form& vista) {
+          auto& informe = Buscar<ui::ReportViewer>(vista, "crvRep");
+          if (pdf) {
+            informe.Save(*pdf);
+          } else {
+            informe.Print();
+          }
+        });
+        Buscar<ui::Button>(visor, "cmdImprimir").Press();
+        if (error) std::rethrow_exception(error);
+      });
+  if (codigo == kHecho) salida.resultado << "Factura impresa" << (pdf ? ": " + *pdf : "") << '\n';
+  return codigo;
+}
+
+}  // namespace kvraedi::cli

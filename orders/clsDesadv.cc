@@ -1,0 +1,147 @@
+#include "kvraedi/clsDesadv.h"
+
+#include <exception>
+#include <filesystem>
+#include <memory>
+#include <string_view>
+#include <utility>
+
+#include "frame/lector_texto.h"
+#include "frame/puertos.h"
+#include "frame/sesion.h"
+#include "frame/transaccion.h"
+#include "orders/crear_compras.h"
+#include "orders/error_desadv.h"
+#include "orders/fichero_desadv.h"
+#include "orders/lector_barras.h"
+#include "orders/leer_desadv.h"
+#include "orders/tablas_desadv.h"
+
+namespace kvraedi {
+namespace {
+
+constexpr std::string_view kInsertar = "Insertar";
+constexpr std::string_view kProcesar = "ProcesarFicheros";
+
+/// One run over one file.
+class Insercion {
+ public:
+  Insercion(const std::filesystem::path& raiz, const std::string& fichero)
+      : entorno_(EntornoActual()),
+        conexion_(ConexionActual()),
+        raiz_(raiz),
+        fichero_(entorno_, raiz, fichero) {}
+
+  void Ejecutar() {
+    try {
+      Procesar();
+    } catch (const std::exception& error) {
+      Fracasar(error);
+      return;
+    }
+    DescartarAntiguos();
+  }
+
+ private:
+  void Procesar();
+  void Leer(const desadv::Tablas& tablas);
+  void ComprobarInicio();
+  void Fracasar(const std::exception& error);
+  void DescartarAntiguos();
+
+  void Anotar(std::string_view rutina, const std::string& texto) {
+    log_->Escribir(0, rutina, texto);
+  }
+  void AbrirLog() { log_ = SuiteActual().AbrirLog(entorno_, raiz_ / "OrmoPCCOM.log"); }
+
+  Entorno& entorno_;
+  Connection& conexion_;
+  std::filesystem::path raiz_;
+  desadv::Fichero fichero_;
+  std::unique_ptr<FicheroLog> log_;
+};
+
+/// Does something whose failure may not stop what comes after it.
+template <class Cuerpo>
+void Intentar(Cuerpo&& cuerpo) {
+  try {
+    std::forward<Cuerpo>(cuerpo)();
+  } catch (const std::exception&) {
+    return;
+  }
+}
+
+void Insercion::Procesar() {
+  Transaccion transaccion(conexion_);
+  AbrirLog();
+  Anotar(kInsertar, "Inicio de ejecución fichero: " + fichero_.Nombre());
+  fichero_.ComprobarNombre();
+  const desadv::Tablas tablas(entorno_.TickCount());
+  tablas.Crear(conexion_);
+  Leer(tablas);
+  desadv::CrearComprasMini(tablas, raiz_ / "OrmoPCCom.ini", *log_);
+  Anotar(kInsertar, "Moviendo Fichero a carpeta OK: " + fichero_.Nombre());
+  fichero_.CopiarAOk();
+  Anotar(kInsertar, "Eliminando Fichero de la carpeta Rx: " + fichero_.Nombre());
+  fichero_.BorrarDeRx();
+  tablas.Borrar(conexion_);
+  transaccion.Confirmar();
+}
+
+void Insercion::Leer(const desadv::Tablas& tablas) {
+  Anotar(kProcesar, "Inicio de ejecución fichero: " + fichero_.Nombre());
+  ComprobarInicio();
+  Anotar(kProcesar, "Inicio Lectura Fichero: " + fichero_.Nombre());
+  LectorBarras lector(fichero_.Nombre(), entorno_.OpenForReading(fichero_.EnRx()));
+  desadv::Leer(lector, fichero_.Nombre(), tablas, conexion_, entorno_);
+}
+
+void Insercion::ComprobarInicio() {
+  LectorTexto lector(entorno_.OpenForReading(fichero_.EnRx()));
+  if (lector.Siguiente() && desadv::EsInicio(lector.Linea())) return;
+  Anotar(kProcesar,
+         "No coincide la línea inicio de fichero con el tipo predefinido, se mueve a la carpeta "
+         "Error: " +
+             fichero_.Nombre());
+  fichero_.CopiarAError();
+  Anotar(kProcesar, "Eliminando Fichero de la carpeta Rx: " + fichero_.Nombre());
+  fichero_.BorrarDeRx();
+  desadv::Fallar("Error de inicio de fichero");
+}
+
+/// Nothing of the run is left in the database; the file goes to Error, wherever it is. A file that
+/// was taken there already, or is not there at all, is left alone.
+void Insercion::Fracasar(const std::exception& error) {
+  if (!log_) Intentar([&] { AbrirLog(); });
+  const auto anotar = [this](const std::string& texto) {
+    if (log_) Intentar([&] { Anotar(kInsertar, texto); });
+  };
+  anotar(std::string("Error: ") + error.what());
+  try {
+    if (!fichero_.Esta()) return;
+    anotar("Moviendo Fichero a carpeta Error: " + fichero_.Nombre());
+    fichero_.CopiarAError();
+    anotar("Eliminando Fichero de la carpeta Rx: " + fichero_.Nombre());
+    fichero_.Retirar();
+  } catch (const std::exception& otro) {
+    anotar(std::string("Error: ") + otro.what());
+  }
+}
+
+/// The purchases are made: a log that cannot be shortened undoes nothing.
+void Insercion::DescartarAntiguos() {
+  constexpr std::int64_t kTreintaDias = std::int64_t{30} * 24 * 60 * 60;
+  Intentar([&] { log_->DescartarAnteriores(entorno_.Now().PlusSeconds(-kTreintaDias)); });
+}
+
+}  // namespace
+
+void clsDesadv::Insertar(const std::string& strFile) {
+  Intentar([&] {
+    const auto raiz = ParametroRuta("EDI_PathFichRecibir");
+    SuiteActual();  // raises when there is none
+    if (!raiz.empty()) Insercion(raiz, strFile).Ejecutar();
+  });
+}
+
+}  // namespace kvraedi

@@ -1,0 +1,37 @@
+#include <filesystem>
+
+#include "frame/accion.h"
+#include "frame/puertos.h"
+#include "frame/sesion.h"
+#include "kvraedi/clsOrders.h"
+#include "kvraedi/error.h"
+#include "orders/crear_pedidos.h"
+#include "orders/procesar_ficheros.h"
+
+namespace kvraedi {
+namespace {
+
+std::filesystem::path PrepararCarpeta() {
+  const auto raiz = ParametroRuta("EDI_PathFichRecibir");
+  if (raiz.empty()) {
+    throw Error(kErrorItemNotFound, "kvraedi", "La carpeta de recepción no está configurada");
+  }
+  auto carpeta = raiz / "ORDERS";
+  EntornoActual().MakeFolder(carpeta);
+  for (const char* subcarpeta : {"Temp", "OK", "Error", "Log"}) {
+    EntornoActual().MakeFolder(carpeta / subcarpeta);
+  }
+  return carpeta;
+}
+
+}  // namespace
+
+bool clsOrders::Insertar() {
+  std::filesystem::path carpeta;
+  if (!Accion("clsOrders:Insertar", [&] { carpeta = PrepararCarpeta(); })) return false;
+  Accion("clsOrders:ProcesarFicheros", [&] { ProcesarFicheros(carpeta); });
+  Accion("clsOrders:CrearPedidosClientes", [&] { CrearPedidosClientes(carpeta); });
+  return true;
+}
+
+}  // namespace kvraedi

@@ -1,0 +1,24 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "kvraedi/valor.h"
+#include "platform/suite/plantilla_informe.h"
+
+namespace kvraedi::suite {
+
+/// The text as a number, with a point or a comma before its decimals; nothing when it is none.
+std::optional<Currency> NumeroDe(std::string_view texto);
+/// a * b less a percentage of it, to four decimals, half away from zero. Raises "Desbordamiento".
+Currency ProductoRebajado(Currency a, Currency b, Currency porcentaje);
+/// As it is written in Spanish: "-1.234,50". Rounded half away from zero.
+std::string NumeroEscrito(Currency valor, int decimales);
+
+/// A value as a report shows it; nothing for one that counts as none. A text that is not of the
+/// kind that the format wants stays as it is.
+std::optional<std::string> Presentar(const CampoInforme& campo, std::string_view texto);
+std::optional<std::string> Presentar(const CampoInforme& campo, Currency numero);
+
+}  // namespace kvraedi::suite

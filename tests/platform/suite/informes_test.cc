@@ -1,0 +1,217 @@
+#include "host/demo/informes.h"
+
+#include <fstream>
+
+#include "platform/os/entorno_sistema.h"
+#include "platform/suite/suite_referencia.h"
+#include "tests/apoyo/fallos.h"
+#include "tests/platform/os/carpeta_temporal.h"
+#include "tests/platform/suite/base_suite.h"
+
+namespace kvraedi {
+namespace {
+
+/// Keeps the document and gives a few bytes for it.
+class ImpresoraDePrueba : public Impresora {
+ public:
+  std::string Pdf(const DocumentoImprimible& documento) override {
+    ultimo = documento;
+    return "%PDF de prueba";
+  }
+  void Imprimir(const DocumentoImprimible& documento) override { ultimo = documento; }
+  DocumentoImprimible ultimo;
+};
+
+class InformesTest : public BaseSuite {
+ protected:
+  InformesTest() {
+    std::filesystem::create_directory(carpeta / "Rpt");
+    demo::CrearInformes(carpeta / "Rpt");
+    db->Execute(
+        "CREATE TABLE Cabeceras (Terminal nvarchar(40), Numero int, Nombre nvarchar(80),"
+        " Fecha datetime, Total money)");
+    db->Execute(
+        "CREATE TABLE Lineas (Numero int, Linea int, Texto nvarchar(80), Unidades"
+        " decimal(12,4), Precio money, Rebaja decimal(7,4), Nota nvarchar(20))");
+    db->Execute(
+        "INSERT INTO Cabeceras VALUES ('T''1', 5, '<b>O''Hara & \"Cía\"</b>',"
+        " '02/03/2024', -1234567.345)");
+    db->Execute("INSERT INTO Cabeceras VALUES ('T2', 6, 'Otra', NULL, 0)");
+    db->Execute("INSERT INTO Lineas VALUES (5, 2, 'dos', -1.5, 0.01, 10, NULL)");
+    db->Execute("INSERT INTO Lineas VALUES (5, 1, 'uno', 1234.5, 3, 0, 'no es un número')");
+    db->Execute("INSERT INTO Lineas VALUES (6, 1, 'ajena', 1, 1, 0, '')");
+  }
+
+  std::unique_ptr<Informe> Abrir(const std::string& texto) {
+    std::ofstream(carpeta / "Prueba.rpt") << texto;
+    return suite.AbrirInforme(entorno, db, carpeta / "Prueba.rpt");
+  }
+  static std::string Fallo(const std::function<void()>& accion) {
+    try {
+      accion();
+    } catch (const Error& error) {
+      return error.Description();
+    }
+    return "(ninguno)";
+  }
+  void InsertarFactura(int lineas) {
+    db->Execute("UPDATE Empresas SET Nif = 'B35' WHERE Codigo = 7");
+    db->Execute(
+        "INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Nif) VALUES (1, 100,"
+        " 'O''Donnell', 'A28')");
+    db->Execute(
+        "INSERT INTO Facturas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Fecha,"
+        " Cliente, Almacen, ImporteB, Total) VALUES (7, 2024, 3, 12, 0, '20/02/2024', 100,"
+        " 1, 1000, 1070)");
+    for (int i = 1; i <= lineas; ++i) {
+      db->Execute(
+          "INSERT INTO Facturas_Lineas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc,"
+          " Num_Linea, Cod_Articulo, Descripcion, Unidades, Precio, PDescuento, Impuesto)"
+          " VALUES (7, 2024, 3, 12, 0, " +
+          std::to_string(i) +
+          ", 501, 'Queso', 4, 25, 10,"
+          " 3)");
+    }
+  }
+  DatosImpresionFactura Datos() {
+    return {.serie = 3, .ejercicio = 2024, .codigo = 12, .ficheroPdf = carpeta / "f.pdf"};
+  }
+
+  CarpetaTemporal carpeta;
+  EntornoSistema sistema;
+  EntornoConFallos entorno{sistema};
+  ImpresoraDePrueba impresora;
+  SuiteReferencia suite{&impresora};
+};
+
+constexpr const char* kPlantilla = R"(# prueba
+titulo {{#Cabeceras}}{{Nombre}}{{/Cabeceras}}
+pie fijo
+tabla Cabeceras
+campos Terminal, Numero, Nombre, Fecha:f, Total:2
+tabla L de Lineas en Cabeceras por Numero
+orden Linea
+campos Linea, Texto, Unidades:n, Precio:0?, Rebaja:n+, Nota:2
+campos Importe:2=Unidades*Precio-Rebaja%
+---
+{{#Cabeceras}}[{{Nombre}}|{{Fecha}}|{{Total}}]{{#L}}({{Texto}} {{Unidades}} {{Precio}} {{#Rebaja}}{{Rebaja}}%{{/Rebaja}} {{Nota}} {{Importe}}){{/L}}{{/Cabeceras}})";
+
+TEST_F(InformesTest, FillsItsLayoutWithFilteredLinkedAndEscapedRows) {
+  const auto informe = Abrir(kPlantilla);
+  EXPECT_EQ(informe->Tablas(), (std::vector<std::string>{"Cabeceras", "Lineas"}));
+  EXPECT_EQ(informe->Subinforme("Empresa.rpt"), nullptr);
+  informe->Filtrar("TERMINAL", "T'1");
+  const DocumentoImprimible documento = informe->Documento();
+  EXPECT_EQ(documento.titulo, "<b>O'Hara & \"Cía\"</b>");
+  EXPECT_EQ(documento.pie, "fijo");
+  EXPECT_EQ(documento.html,
+            "[&lt;b&gt;O&apos;Hara &amp; &quot;Cía&quot;&lt;/b&gt;|02/03/2024|-1.234.567,35]"
+            "(uno 1.234,5 3  no es un número 3.703,50)(dos -1,5 0 10%  -0,01)");
+}
+
+TEST_F(InformesTest, ReadsTablesWhereTheyArePointedAt) {
+  const auto informe = Abrir(kPlantilla);
+  db->Execute(
+      "CREATE TABLE Otras (Terminal nvarchar(40), Numero int, Nombre nvarchar(80), Fecha"
+      " datetime, Total money)");
+  for (const char* lugar : {"main.dbo.Otras", "dbo.Otras", ".dbo.Otras", "Otras"}) {
+    informe->Ubicar("cabeceras", {.ubicacion = lugar});
+    EXPECT_EQ(informe->Documento().html, "") << lugar;
+  }
+  for (const char* lugar : {"", "a.b.c.d", "main.dbo.", "x];DROP TABLE Lineas;--"}) {
+    EXPECT_NE(Fallo([&] { informe->Ubicar("Cabeceras", {.ubicacion = lugar}); }), "(ninguno)");
+  }
+  informe->Ubicar("Cabeceras", {.ubicacion = "otra_base.dbo.Cabeceras"});
+  EXPECT_EQ(Fallo([&] { informe->Documento(); }).rfind("Informe Prueba.rpt: ", 0), 0U);
+}
+
+TEST_F(InformesTest, FaultsOfAFileNameItAndItsLine) {
+  const std::pair<const char*, const char*> casos[] = {
+      {"tabla T\ncampos A\n", "falta la línea «---» que separa la cabecera del cuerpo"},
+      {"tabla T; DROP TABLE X\n---\n", "línea 1: «T;» no es un nombre"},
+      {"\ntabla T\ncampos A, B]\n---\n", "línea 3: «B]» no es un nombre"},
+      {"tabla T\ncampos A:9\n---\n", "línea 2: «9» no es un formato"},
+      {"tabla T en U por A\n---\n", "línea 1: la tabla «U» no está declarada"},
+      {"tabla T\ncampos A, P:2=A*B\n---\n", "línea 2: el campo «B» no está delante en la tabla"},
+      {"campos A\n---\n", "línea 1: falta la tabla"},
+      {"subinforme ../otro.rpt\n---\n", "línea 1: un subinforme es un fichero de la misma carpeta"},
+      {"color rojo\n---\n", "línea 1: «color» no es una palabra de la cabecera"},
+      {"tabla T\ncampos A\n---\n{{#T}}{{B}}{{/T}}", "«B» no es un campo ni una tabla del informe"},
+  };
+  for (const auto& [texto, fallo] : casos) {
+    EXPECT_EQ(Fallo([&, t = texto] { Abrir(t); }), std::string("Informe Prueba.rpt: ") + fallo);
+  }
+  const auto abierto = Abrir("tabla Lineas\ncampos Texto\n---\n{{#Lineas}}sin cerrar");
+  EXPECT_NE(Fallo([&] { abierto->Documento(); }).find("el cuerpo no es válido"), std::string::npos);
+  EXPECT_NE(
+      Fallo([&] { suite.AbrirInforme(entorno, db, carpeta / "No está.rpt"); }).find("No está"),
+      std::string::npos);
+}
+
+TEST_F(InformesTest, ReportsWithinAreFilteredByThemselves) {
+  db->Run(demo::kEsquemaRecepcion);
+  db->Execute(
+      "INSERT INTO Temp_EDI_Factura_Cab (Terminal, Codigo, ImportePagar) VALUES"
+      " ('T2', 'F-1', 12.5)");
+  const auto informe =
+      suite.AbrirInforme(entorno, db, carpeta / "Rpt" / "EDI Factura Recibida.rpt");
+  Informe* const empresa = informe->Subinforme("empresa.rpt");
+  ASSERT_NE(empresa, nullptr);
+  EXPECT_EQ(empresa->Tablas(), std::vector<std::string>{"Empresas"});
+  empresa->Filtrar("Codigo", "7");
+  informe->Filtrar("Terminal", "T2");
+  const std::string html = informe->Documento().html;
+  EXPECT_NE(html.find("F-1"), std::string::npos);
+  EXPECT_NE(html.find("12,50"), std::string::npos);
+  EXPECT_NE(html.find("<b>Otra</b>"), std::string::npos);
+  EXPECT_EQ(html.find("<b>Una</b>"), std::string::npos);
+}
+
+TEST_F(InformesTest, AnInvoiceIsPrintedWithItsOwnRowsOnly) {
+  InsertarFactura(2);
+  const auto empresa = std::make_shared<EmpresaSuite>(*db, std::int16_t{7}, carpeta.Ruta());
+  const auto impresion = suite.NuevaImpresionFactura(entorno, db, empresa);
+  impresion->Imprimir(Datos());
+  EXPECT_EQ(sistema.ReadFile(carpeta / "f.pdf"), "%PDF de prueba");
+  EXPECT_EQ(impresora.ultimo.titulo, "Factura 3/12");
+  EXPECT_EQ(impresora.ultimo.pie, "Otra · NIF B35 · Factura 3/12 de 20/02/2024");
+  for (const char* trozo : {"O&apos;Donnell", "Queso", ">90,00<", ">7<", "1.070,00 €"}) {
+    EXPECT_NE(impresora.ultimo.html.find(trozo), std::string::npos) << trozo;
+  }
+  for (const char* tabla : {"Facturas", "Facturas_Lineas"}) {
+    db->Execute("UPDATE " + std::string(tabla) + " SET TipoDoc = 1");
+  }
+  DatosImpresionFactura abono = Datos();
+  abono.tipoDoc = 1;
+  impresion->Imprimir(abono);
+  EXPECT_EQ(impresora.ultimo.titulo, "Factura rectificativa 3/12");
+  EXPECT_NE(impresora.ultimo.html.find("Queso"), std::string::npos);
+  DatosImpresionFactura otra = Datos();
+  otra.codigo = 13;
+  EXPECT_EQ(Fallo([&] { impresion->Imprimir(otra); }), "No existe la factura 3/13 de 2024");
+}
+
+TEST_F(InformesTest, APrintThatFailsLeavesWhatWasThere) {
+  InsertarFactura(1);
+  std::ofstream(carpeta / "f.pdf") << "anterior";
+  const auto empresa = std::make_shared<EmpresaSuite>(*db, std::int16_t{7}, carpeta.Ruta());
+  const auto impresion = suite.NuevaImpresionFactura(entorno, db, empresa);
+  for (int operacion = 1;; ++operacion) {
+    entorno.fallo.FallarEn(operacion);
+    const std::string fallo = Fallo([&] { impresion->Imprimir(Datos()); });
+    if (!entorno.fallo.Disparado()) break;
+    ASSERT_NE(fallo, "(ninguno)") << operacion;
+    EXPECT_EQ(sistema.ReadFile(carpeta / "f.pdf"), "anterior");
+    EXPECT_FALSE(std::filesystem::exists(carpeta / "f.pdf.parcial")) << operacion;
+  }
+  EXPECT_EQ(sistema.ReadFile(carpeta / "f.pdf"), "%PDF de prueba");
+}
+
+TEST_F(InformesTest, WithoutAPrinterNothingIsPrinted) {
+  SuiteReferencia sin;
+  EXPECT_EQ(Fallo([&] { sin.NuevaImpresionFactura(entorno, db, nullptr); }),
+            "Esta instalación no puede imprimir");
+}
+
+}  // namespace
+}  // namespace kvraedi
