@@ -48,6 +48,16 @@ std::string_view SentenciaSuelo::Texto(int columna) const {
           static_cast<std::size_t>(sqlite3_column_bytes(sentencia_, columna))};
 }
 
+std::vector<std::string> SentenciaSuelo::Filas() {
+  std::vector<std::string> filas;
+  while (Paso()) {
+    std::string fila;
+    CopiarFila(fila);
+    filas.push_back(std::move(fila));
+  }
+  return filas;
+}
+
 void SentenciaSuelo::CopiarFila(std::string& destino) const {
   const int columnas = sqlite3_column_count(sentencia_);
   for (int i = 0; i < columnas; ++i) {

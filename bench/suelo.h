@@ -6,6 +6,7 @@
 #include <initializer_list>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace kvraedi::bench {
 
@@ -41,6 +42,8 @@ class SentenciaSuelo {
   double Real(int columna) const { return sqlite3_column_double(sentencia_, columna); }
   /// Appends the texts of all columns of the row.
   void CopiarFila(std::string& destino) const;
+  /// The rows that are left, each with the texts of all its columns.
+  std::vector<std::string> Filas();
 
  private:
   sqlite3* base_;

@@ -14,13 +14,7 @@ std::vector<std::string> ListarSuelo(const BaseSuelo& base) {
     sql.replace(sitio, kDe.size(), "ifnull");
   }
   SentenciaSuelo sentencia(base, sql);
-  std::vector<std::string> filas;
-  while (sentencia.Paso()) {
-    std::string fila;
-    sentencia.CopiarFila(fila);
-    filas.push_back(std::move(fila));
-  }
-  return filas;
+  return sentencia.Filas();
 }
 
 }  // namespace kvraedi::bench

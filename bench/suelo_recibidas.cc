@@ -80,13 +80,7 @@ std::vector<std::string> RecibidasSuelo(const BaseSuelo& base) {
       " AND p.codigo = ef.Cod_Proveedor LEFT JOIN SGD_USUARIOS usu"
       " ON usu.Codigo = ef.Cod_Usuario_Visado WHERE ef.Cod_Empresa =1"
       " AND ef.Fecha BETWEEN '2025-01-01' AND '2026-12-31' ORDER BY ef.Fecha, ef.Documento");
-  std::vector<std::string> filas;
-  while (sentencia.Paso()) {
-    std::string fila;
-    sentencia.CopiarFila(fila);
-    filas.push_back(std::move(fila));
-  }
-  return filas;
+  return sentencia.Filas();
 }
 
 }  // namespace kvraedi::bench

@@ -51,19 +51,9 @@ bool SinAvisos(SesionCli& sesion) {
 int UsarCentros(const Argumentos& argumentos, const Salida& salida,
                 const std::function<void(ui::Form&, SesionCli&)>& pasos) {
   SesionCli sesion(argumentos, salida.mensajes);
-  std::exception_ptr error;
-  AlAbrir(sesion.Pantallas(), "frmCentrosAdm", error, [&](ui::Form& lista) {
+  sesion.Usar<frmclsCentrosAdministrativos>("frmCentrosAdm", [&](ui::Form& lista) {
     if (SinAvisos(sesion)) pasos(lista, sesion);
   });
-  {
-    constexpr std::int16_t kModal = 1;
-    frmclsCentrosAdministrativos centros;
-    centros.EmpresaKestrova(sesion.EmpresaActual());
-    centros.ConexionKestrova(sesion.Conexion());
-    centros.Show(kModal, nullptr);
-  }
-  if (error) std::rethrow_exception(error);
-  sesion.Cerrar();
   return SinAvisos(sesion) ? kHecho : kRechazado;
 }
 

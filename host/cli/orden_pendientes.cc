@@ -25,8 +25,7 @@ constexpr ColumnaTabla kTabla[] = {
 
 int EjecutarPendientesListar(const Argumentos& argumentos, const Salida& salida) {
   SesionCli sesion(argumentos, salida.mensajes);
-  std::exception_ptr error;
-  AlAbrir(sesion.Pantallas(), "frmPdteClasificar", error, [&](ui::Form& form) {
+  sesion.Usar<frmclsPdteClasificar>("frmPdteClasificar", [&](ui::Form& form) {
     if (!sesion.Pantallas().Messages().empty()) return;
     const auto& lista = Buscar<ui::Grid>(form, "vsDocs");
     if (argumentos.json) {
@@ -35,15 +34,6 @@ int EjecutarPendientesListar(const Argumentos& argumentos, const Salida& salida)
       EscribirTabla(lista, kTabla, salida.resultado);
     }
   });
-  {
-    constexpr std::int16_t kModal = 1;
-    frmclsPdteClasificar pendientes;
-    pendientes.EmpresaKestrova(sesion.EmpresaActual());
-    pendientes.ConexionKestrova(sesion.Conexion());
-    pendientes.Show(kModal, nullptr);
-  }
-  if (error) std::rethrow_exception(error);
-  sesion.Cerrar();
   return sesion.Pantallas().Messages().empty() ? kHecho : kRechazado;
 }
 

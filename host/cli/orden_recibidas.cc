@@ -78,21 +78,11 @@ int UsarRecepcion(const Argumentos& argumentos, const Salida& salida,
                   const std::function<void(const Recepcion&)>& pasos) {
   SesionCli sesion(argumentos, salida.mensajes);
   HeadlessToolkit& pantallas = sesion.Pantallas();
-  std::exception_ptr error;
-  AlAbrir(pantallas, "frmRecepcionFactura", error, [&](ui::Form& form) {
+  sesion.Usar<frmclsFacturacionRecepcion>("frmRecepcionFactura", [&](ui::Form& form) {
     if (Cargar(form, argumentos, pantallas)) {
       pasos({form, Buscar<ui::Grid>(form, "vsDocs"), pantallas});
     }
   });
-  {
-    constexpr std::int16_t kModal = 1;
-    frmclsFacturacionRecepcion recepcion;
-    recepcion.EmpresaKestrova(sesion.EmpresaActual());
-    recepcion.ConexionKestrova(sesion.Conexion());
-    recepcion.Show(kModal, nullptr);
-  }
-  if (error) std::rethrow_exception(error);
-  sesion.Cerrar();
   return pantallas.Messages().empty() ? kHecho : kRechazado;
 }
 

@@ -55,20 +55,10 @@ void PantallaEnvio::Anexar(int fila) {
 int UsarPantallaEnvio(const Argumentos& argumentos, const Salida& salida, const PasosEnvio& pasos) {
   SesionCli sesion(argumentos, salida.mensajes);
   int codigo = kRechazado;
-  std::exception_ptr error;
-  AlAbrir(sesion.Pantallas(), "frmEnvioFactura", error, [&](ui::Form& form) {
+  sesion.Usar<clsFacturacionEmision>("frmEnvioFactura", [&](ui::Form& form) {
     PantallaEnvio pantalla(form, sesion.Pantallas());
     codigo = pasos(pantalla, sesion);
   });
-  {
-    constexpr std::int16_t kModal = 1;
-    clsFacturacionEmision facturacion;
-    facturacion.EmpresaKestrova(sesion.EmpresaActual());
-    facturacion.ConexionKestrova(sesion.Conexion());
-    facturacion.Show(kModal, nullptr);
-  }
-  if (error) std::rethrow_exception(error);
-  sesion.Cerrar();
   return codigo;
 }
 

@@ -32,6 +32,22 @@ class SesionCli {
   const std::shared_ptr<Empresa>& EmpresaActual() const { return empresa_; }
   /// A company parameter that is a text; "" when there is none.
   std::string Parametro(std::string_view nombre) const;
+  /// Opens the screen `form` of an entry class, modally, for a user who does `pasos` on it. Raises
+  /// what they raise. The session has ended then.
+  template <class Entrada>
+  void Usar(const std::string& form, std::function<void(ui::Form&)> pasos) {
+    constexpr std::int16_t kModal = 1;
+    std::exception_ptr error;
+    AlAbrir(toolkit_, form, error, std::move(pasos));
+    {
+      Entrada entrada;
+      entrada.EmpresaKestrova(empresa_);
+      entrada.ConexionKestrova(conexion_);
+      entrada.Show(kModal, nullptr);
+    }
+    if (error) std::rethrow_exception(error);
+    Cerrar();
+  }
   /// Writes out what the statement log still holds; raises Fallo(kSinFicheros).
   void Cerrar();
 

@@ -7,10 +7,16 @@ namespace {
 
 constexpr std::size_t kMasLargo = 35;  // of a text
 
-/// The letters of the demo's texts, which are those of Latin 1, one byte each.
-std::string Latin1(std::string_view utf8) {
+/// The letters of the demo's texts in code page 1252: those of Latin 1 and the euro, one byte each.
+std::string Codigo1252(std::string_view utf8) {
+  constexpr std::string_view kEuro = "€";
   std::string bytes;
   for (std::size_t i = 0; i < utf8.size(); ++i) {
+    if (utf8.substr(i).starts_with(kEuro)) {
+      bytes += '\x80';
+      i += kEuro.size() - 1;
+      continue;
+    }
     const auto byte = static_cast<unsigned char>(utf8[i]);
     const bool doble = (byte == 0xC2 || byte == 0xC3) && i + 1 < utf8.size();
     if (doble) {
@@ -41,7 +47,7 @@ void FicheroInvoic::Registro(std::string_view tag, std::size_t ancho,
   std::string registro(ancho, ' ');
   registro.replace(0, tag.size(), tag);
   for (const auto& [columna, texto, anchoCampo] : campos) {
-    const std::string bytes = Latin1(texto).substr(0, kMasLargo);
+    const std::string bytes = Codigo1252(texto).substr(0, kMasLargo);
     const std::size_t hueco = anchoCampo > bytes.size() ? anchoCampo - bytes.size() : 0;
     const std::size_t sitio = columna - 1 + hueco;
     const std::size_t cabe = std::min(bytes.size(), ancho - sitio);
@@ -57,7 +63,7 @@ void FicheroInvoic::Texto(std::string_view tag, std::initializer_list<std::strin
   registro.replace(6, 3, "AAI");
   std::size_t sitio = kPrimero - 1;
   for (const std::string_view texto : textos) {
-    const std::string bytes = Latin1(texto).substr(0, kAncho);
+    const std::string bytes = Codigo1252(texto).substr(0, kAncho);
     registro.replace(sitio, bytes.size(), bytes);
     sitio += kAncho;
   }

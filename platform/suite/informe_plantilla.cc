@@ -159,9 +159,9 @@ DocumentoImprimible InformePlantilla::Rellenar() {
           Rellenado(plantilla_.pie, datos, Escape::kNinguno)};
 }
 
-std::unique_ptr<Informe> AbrirInforme(Entorno& entorno, std::shared_ptr<Connection> conexion,
+std::unique_ptr<Informe> AbrirInforme(Entorno& entorno, const std::shared_ptr<Connection>& conexion,
                                       const std::filesystem::path& fichero) {
-  return std::make_unique<InformePlantilla>(entorno, std::move(conexion), fichero);
+  return std::make_unique<InformePlantilla>(entorno, conexion, fichero);
 }
 
 }  // namespace kvraedi::suite

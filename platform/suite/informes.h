@@ -11,7 +11,7 @@ namespace kvraedi::suite {
 
 /// Opens a report file and those within it. Raises `Error`, with the file's name; always when the
 /// adapter was built without the library of templates.
-std::unique_ptr<Informe> AbrirInforme(Entorno& entorno, std::shared_ptr<Connection> conexion,
+std::unique_ptr<Informe> AbrirInforme(Entorno& entorno, const std::shared_ptr<Connection>& conexion,
                                       const std::filesystem::path& fichero);
 
 }  // namespace kvraedi::suite

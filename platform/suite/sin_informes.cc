@@ -4,7 +4,7 @@
 namespace kvraedi::suite {
 
 std::unique_ptr<Informe> AbrirInforme(Entorno& /*entorno*/,
-                                      std::shared_ptr<Connection> /*conexion*/,
+                                      const std::shared_ptr<Connection>& /*conexion*/,
                                       const std::filesystem::path& /*fichero*/) {
   throw Error(kErrorFile, "Informe",
               "Esta instalación no puede abrir informes: se construyó sin la biblioteca de "

@@ -77,7 +77,7 @@ std::unique_ptr<ImpresionFactura> SuiteReferencia::NuevaImpresionFactura(
 std::unique_ptr<Informe> SuiteReferencia::AbrirInforme(Entorno& entorno,
                                                        std::shared_ptr<Connection> conexion,
                                                        const std::filesystem::path& fichero) {
-  return suite::AbrirInforme(entorno, std::move(conexion), fichero);
+  return suite::AbrirInforme(entorno, conexion, fichero);
 }
 
 Impresora& SuiteReferencia::ImpresoraActual() {

@@ -31,7 +31,7 @@ class EmpresaDePrueba : public EmpresaSuite {
 };
 
 /// A host in small: the suite's tables in a SQLite file, files in a temporary folder, a clock that
-/// stands still, faults on demand. Company 1, customer 100 on INVOIC.
+/// stands still, faults on demand. Company 1, customer 100 on INVOIC, warehouse 5, user 7.
 class Escenario : public testing::Test {
  protected:
   void SetUp() override {
@@ -48,10 +48,12 @@ INSERT INTO Empresas (Codigo, Nombre_1, Nombre_2, Direccion, CP, Localidad, Prov
 INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathFichEnvios', 'Envíos EDI');
 INSERT INTO Empresas_Parametros VALUES (1, 'EDI_GLNEmpresa', '8400000000017');
 INSERT INTO Empresas_Parametros VALUES (1, 'EDI_RegistroMercantil', 'R.M. Las Palmas T.1 F.2');
+INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathFichRecibir', 'Recepción');
+INSERT INTO Empresas_Parametros VALUES (1, 'UsuarioActual', '7');
 INSERT INTO Impuestos VALUES (1, 'IGIC 7', 7);
 INSERT INTO Impuestos VALUES (2, 'IGIC 3', 3);
 INSERT INTO Paises (Cod_Pais, Nombre, ISOCodigo) VALUES (34, 'España', 'ES');
-INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre) VALUES (1, 5, 'Almacén Sur');
+INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 5, 'Almacén Sur', '8430000000055');
 INSERT INTO EDI_Plataforma VALUES (2, 'SERES');
 INSERT INTO EDI_TipoMsg VALUES (2, 1, 'INVOIC');
 INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Nif, Direccion, CP, Localidad, Provincia, Cod_Pais, Telefono, Fax, EDI_GLN, Cod_EDIPlat_Fra, Cod_EDITipoMsg_Fra)

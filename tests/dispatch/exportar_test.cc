@@ -61,7 +61,6 @@ class Exportar : public PantallaEnvio {
   void SetUp() override {
     PantallaEnvio::SetUp();
     base->Run(kClienteFacturae);
-    base->Run("INSERT INTO Empresas_Parametros VALUES (1, 'UsuarioActual', '7')");
     LeerEmpresa();
     InstalarAdaptadores({.entorno = &entorno, .toolkit = &toolkit, .suite = &impresora});
     for (const int codigo : {1, 2, 3}) InsertarFactura(codigo);

@@ -26,9 +26,6 @@ class Desadv : public Escenario {
   void SetUp() override {
     Escenario::SetUp();
     base->Run(R"(
-INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathFichRecibir', 'Recepción');
-INSERT INTO Empresas_Parametros VALUES (1, 'UsuarioActual', '7');
-UPDATE Almacenes SET EDI_GLN = '8430000000055' WHERE Codigo = 5;
 INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 6, 'Norte', '8430000000066');
 INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 7, 'Norte 2', '8430000000066');
 INSERT INTO Articulos VALUES (1, 101, 'Queso');
@@ -36,8 +33,6 @@ INSERT INTO Articulos VALUES (1, 102, 'Aceite');
 INSERT INTO Articulos VALUES (1, 103, 'Vino');
 INSERT INTO Articulos VALUES (2, 999, 'De otra empresa');
 )");
-    empresa = std::make_shared<EmpresaDePrueba>(*base, std::int16_t{1}, carpeta.Ruta());
-    PropiedadesSesion().EmpresaKestrova(empresa);
     for (const char* nombre : {"", "Rx", "OK", "Error"}) fs::create_directory(raiz / nombre);
     Escribir("OrmoPCCom.ini", "[OrmoPCCom]\r\nProveedorCentralizado=12\r\n");
   }

@@ -17,9 +17,6 @@ class RecepcionPedidos : public Escenario {
   void SetUp() override {
     Escenario::SetUp();
     base->Run(R"(
-INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathFichRecibir', 'Recepción');
-INSERT INTO Empresas_Parametros VALUES (1, 'UsuarioActual', '7');
-UPDATE Almacenes SET EDI_GLN = '8430000000055' WHERE Codigo = 5;
 INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 6, 'Norte', '8430000000066');
 INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 7, 'Norte 2', '8430000000066');
 INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 201, 'Uno', '8419999999999');
@@ -27,8 +24,6 @@ INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 202, 'Otr
 INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal) VALUES (1, 501, '8410000000501', 1);
 INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal) VALUES (1, 502, '8410000000502', 1);
 )");
-    empresa = std::make_shared<EmpresaDePrueba>(*base, std::int16_t{1}, carpeta.Ruta());
-    PropiedadesSesion().EmpresaKestrova(empresa);
     for (const char* nombre : {"", "Temp", "OK", "Error", "Log"}) {
       std::filesystem::create_directories(ordenes / nombre);
     }
@@ -74,8 +69,8 @@ INSERT INTO Articulos_CBarras (Cod_Empresa, Cod_Articulo, Cod_Barras, Principal)
   /// All rows of a query, fields between "|", a row a line.
   std::string Filas(const std::string& columnas, const std::string& resto) const {
     std::string filas;
-    for (auto rs = base->Open("SELECT " + columnas + " FROM " + resto); !rs->Eof();
-         rs->MoveNext()) {
+    const std::string sql = std::string("SELECT ").append(columnas).append(" FROM ").append(resto);
+    for (auto rs = base->Open(sql); !rs->Eof(); rs->MoveNext()) {
       for (int campo = 0; campo <= std::count(columnas.begin(), columnas.end(), ','); ++campo) {
         filas += (campo == 0 ? "" : "|") + rs->GetOrEmpty<std::string>(campo);
       }

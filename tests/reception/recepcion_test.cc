@@ -18,8 +18,6 @@ class RecepcionTest : public Escenario {
   void SetUp() override {
     Escenario::SetUp();
     base->Run(R"(
-INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathFichRecibir', 'Recepción');
-INSERT INTO Empresas_Parametros VALUES (1, 'UsuarioActual', '7');
 INSERT INTO SGD_USUARIOS VALUES (7, 'Ana Ñíguez');
 INSERT INTO SGD_USUARIOS VALUES (8, 'Luis');
 INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (1, 3, 'Quesos O''Hara');
@@ -35,7 +33,6 @@ INSERT INTO Proveedores (Cod_Empresa, Codigo, Nombre) VALUES (2, 4, 'De otra emp
     for (const char* fichero : {"Recepción/2024/uno.txt", "fuera.txt"}) {
       std::ofstream(carpeta / fichero, std::ios::binary) << Fichero({Sincc(), Sincl("1")});
     }
-    empresa = std::make_shared<EmpresaDePrueba>(*base, std::int16_t{1}, carpeta.Ruta());
     clase.emplace();
     clase->EmpresaKestrova(empresa);
     clase->Show(0, nullptr);

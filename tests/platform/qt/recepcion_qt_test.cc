@@ -6,6 +6,7 @@
 #include <QPlainTextEdit>
 #include <QTableView>
 #include <QTest>
+#include <QTimer>
 
 #include "platform/qt/qt_toolkit.h"
 #include "reception/frmEditor_Comentarios.h"
@@ -57,15 +58,34 @@ TEST_F(RecepcionQt, TheCommentIsWrittenWithTheKeyboardAlone) {
   EXPECT_FALSE(editor->Loaded());
 }
 
+TEST_F(RecepcionQt, EscapeClosesADialogButNotAScreen) {
+  const auto editor = std::make_shared<frmEditor_Comentarios>("ya estaba");
+  QTimer::singleShot(0, [&] {
+    QTest::keyClick(&Hijo<QPlainTextEdit>("frmEditor_Comentarios", "txtComent"), Qt::Key_Escape);
+    EXPECT_FALSE(editor->Loaded());
+    editor->Unload();
+  });
+  editor->Show(ui::ShowMode::kModal);
+  EXPECT_FALSE(editor->Aceptado());
+
+  const auto pendientes = std::make_shared<frmPdteClasificar>();
+  pendientes->Show();
+  QTest::keyClick(&Hijo<QTableView>("frmPdteClasificar", "vsDocs"), Qt::Key_Escape);
+  EXPECT_TRUE(pendientes->Loaded());
+  pendientes->Unload();
+}
+
 TEST_F(RecepcionQt, TwoHeaderRowsTakeTheRoomOfTwo) {
   base->Execute(
-      "INSERT INTO EDI_PdteClasificar (EDIFichero, EDIFechaRecepcion) VALUES ('a', '01/02/2024')");
+      "INSERT INTO EDI_PdteClasificar (EDIFichero, EDIFechaRecepcion, Proveedor)"
+      " VALUES ('a', '01/02/2024', 'dos\r\nlíneas')");
   const auto pendientes = std::make_shared<frmPdteClasificar>();
   pendientes->Show();
   auto& tabla = Hijo<QTableView>("frmPdteClasificar", "vsDocs");
   const int fila = tabla.fontMetrics().height();
   EXPECT_GT(tabla.horizontalHeader()->height(), 2 * fila);
   EXPECT_EQ(tabla.model()->rowCount(), 1);
+  EXPECT_EQ(tabla.model()->index(0, 2).data().toString(), QStringLiteral("dos líneas"));
   EXPECT_TRUE(tabla.isColumnHidden(6) && tabla.isColumnHidden(7));
   const int antes = tabla.columnWidth(0);
   dynamic_cast<ui::Grid&>(*pendientes->Find("vsDocs")).FitColumn(0);
