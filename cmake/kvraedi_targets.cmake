@@ -6,6 +6,7 @@ function(kvraedi_settings target)
   target_compile_options(${target} PRIVATE
     -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wnon-virtual-dtor -Wno-missing-field-initializers -Werror)
   if(KVRAEDI_SANITIZE)
+    target_compile_definitions(${target} PRIVATE KVRAEDI_SANITIZE)
     target_compile_options(${target} PRIVATE
       -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(${target} PUBLIC -fsanitize=address,undefined)

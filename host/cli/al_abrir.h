@@ -3,23 +3,26 @@
 #include <exception>
 #include <functional>
 #include <string>
-#include <utility>
 
 #include "platform/headless/headless_toolkit.h"
 
 namespace kvraedi::cli {
 
-/// Queues the steps of a user for the next time that a form is shown. What they raise is kept in
-/// `error`, which must outlive the form: nothing may be thrown through the component.
-inline void AlAbrir(HeadlessToolkit& pantallas, const std::string& form, std::exception_ptr& error,
-                    std::function<void(ui::Form&)> pasos) {
-  pantallas.OnShow(form, [&error, pasos = std::move(pasos)](ui::Form& abierta) {
+/// Lets a user do `pasos` on the form that `abrir` shows; they are not done when it shows none.
+/// Raises what they raise once `abrir` is back: nothing may be thrown through the component.
+inline void AlAbrir(HeadlessToolkit& pantallas, const std::string& form,
+                    const std::function<void(ui::Form&)>& pasos,
+                    const std::function<void()>& abrir) {
+  std::exception_ptr error;
+  pantallas.OnShow(form, [&](ui::Form& abierta) {
     try {
       pasos(abierta);
     } catch (...) {
       error = std::current_exception();
     }
   });
+  abrir();
+  if (error) std::rethrow_exception(error);
 }
 
 }  // namespace kvraedi::cli

@@ -1,4 +1,3 @@
-#include <exception>
 #include <functional>
 #include <ostream>
 
@@ -39,13 +38,11 @@ int UsarAnexos(const Argumentos& argumentos, const Salida& salida, const Pasos& 
     HeadlessToolkit& pantallas = sesion.Pantallas();
     const ClaveFactura& clave = argumentos.claves.front();
     const int fila = FilaDe(envio.Lista(), clave);
-    std::exception_ptr error;
-    AlAbrir(pantallas, "frmAnexosFactura", error, [&](ui::Form& form) {
+    const auto trabajar = [&](ui::Form& form) {
       PantallaAnexos pantalla(form);
       Trabajar(pantalla, pantallas, pasos, clave.Texto(), salida);
-    });
-    envio.Anexar(fila);
-    if (error) std::rethrow_exception(error);
+    };
+    AlAbrir(pantallas, "frmAnexosFactura", trabajar, [&] { envio.Anexar(fila); });
     return pantallas.Messages().empty() ? kHecho : kRechazado;
   });
 }

@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <array>
-#include <exception>
 #include <functional>
 #include <ostream>
 
@@ -94,11 +93,10 @@ void Rellenar(ui::Form& dialogo, const std::optional<std::string>& codigo,
 /// Presses a button of the list that opens the edit dialog, and fills that in.
 void Editar(ui::Form& lista, SesionCli& sesion, const char* boton,
             const std::optional<std::string>& codigo, const DatosCentro& datos) {
-  std::exception_ptr error;
-  AlAbrir(sesion.Pantallas(), "frmCentrosAdm_Datos", error,
-          [&](ui::Form& dialogo) { Rellenar(dialogo, codigo, datos); });
-  Buscar<ui::Button>(lista, boton).Press();
-  if (error) std::rethrow_exception(error);
+  AlAbrir(
+      sesion.Pantallas(), "frmCentrosAdm_Datos",
+      [&](ui::Form& dialogo) { Rellenar(dialogo, codigo, datos); },
+      [&] { Buscar<ui::Button>(lista, boton).Press(); });
 }
 
 int Contar(int codigo, const char* hecho, const std::string& centro, const Salida& salida) {

@@ -47,16 +47,15 @@ int Exportar(const Argumentos& argumentos, const Salida& salida, PantallaEnvio& 
   if (!Seleccionar(argumentos, salida.mensajes, pantalla, sesion)) return kRechazado;
   const fs::path carpeta = fs::absolute(argumentos.exportacion.carpeta);
   HeadlessToolkit& pantallas = sesion.Pantallas();
-  std::exception_ptr error;
-  AlAbrir(pantallas, "frmExportar", error, [&](ui::Form& form) {
+  const auto elegirCarpeta = [&](ui::Form& form) {
     pantallas.QueueFolder(carpeta);
     Buscar<ui::Button>(form, "cmdExaminar").Press();
     Buscar<ui::Button>(form, "cmdAceptar").Press();
-  });
+  };
   pantallas.QueueAnswer(ui::Answer::kYes);  // whoever gives a revision is sure of it
   const Instantanea antes = Mirar(carpeta);
-  pantalla.Exportar(argumentos.exportacion.revision);
-  if (error) std::rethrow_exception(error);
+  AlAbrir(pantallas, "frmExportar", elegirCarpeta,
+          [&] { pantalla.Exportar(argumentos.exportacion.revision); });
   EscribirNuevos(carpeta, antes, salida.resultado);
   return TerminoCorrectamente(sesion) ? kHecho : kRechazado;
 }

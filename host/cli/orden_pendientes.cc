@@ -1,7 +1,5 @@
 #include <array>
-#include <exception>
 
-#include "host/cli/al_abrir.h"
 #include "host/cli/controles.h"
 #include "host/cli/fallo.h"
 #include "host/cli/ordenes.h"

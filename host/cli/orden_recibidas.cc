@@ -1,5 +1,4 @@
 #include <array>
-#include <exception>
 #include <functional>
 #include <ostream>
 
@@ -91,11 +90,10 @@ int UsarVisor(const Argumentos& argumentos, const Salida& salida,
               const std::function<void(ui::Form&, HeadlessToolkit&)>& pasos) {
   return UsarRecepcion(argumentos, salida, [&](const Recepcion& recepcion) {
     recepcion.Elegir(argumentos.recibida.mensaje);
-    std::exception_ptr error;
-    AlAbrir(recepcion.pantallas, "frmVisorFactura", error,
-            [&](ui::Form& visor) { pasos(visor, recepcion.pantallas); });
-    recepcion.Pulsar("cmdVisualizar");
-    if (error) std::rethrow_exception(error);
+    AlAbrir(
+        recepcion.pantallas, "frmVisorFactura",
+        [&](ui::Form& visor) { pasos(visor, recepcion.pantallas); },
+        [&] { recepcion.Pulsar("cmdVisualizar"); });
   });
 }
 
@@ -126,15 +124,14 @@ int EjecutarRecibidasVisar(const Argumentos& argumentos, const Salida& salida) {
 int EjecutarRecibidasComentar(const Argumentos& argumentos, const Salida& salida) {
   return UsarRecepcion(argumentos, salida, [&](const Recepcion& recepcion) {
     recepcion.Elegir(argumentos.recibida.mensaje);
-    std::exception_ptr error;
-    AlAbrir(recepcion.pantallas, "frmEditor_Comentarios", error, [&](ui::Form& editor) {
+    const auto escribir = [&](ui::Form& editor) {
       constexpr int kAceptar = 9;
       Buscar<ui::TextArea>(editor, "txtComent").Type({});
       Buscar<ui::TextArea>(editor, "txtComent").Type(argumentos.recibida.texto);
       editor.PressFunctionKey(kAceptar);
-    });
-    recepcion.Pulsar("cmdObservaciones");
-    if (error) std::rethrow_exception(error);
+    };
+    AlAbrir(recepcion.pantallas, "frmEditor_Comentarios", escribir,
+            [&] { recepcion.Pulsar("cmdObservaciones"); });
     if (!recepcion.pantallas.Messages().empty()) return;
     salida.resultado << "Factura " << recepcion.Texto(kDocumento)
                      << ", observaciones: " << recepcion.Texto(kObservaciones) << '\n';
@@ -151,17 +148,16 @@ int EjecutarRecibidasImprimir(const Argumentos& argumentos, const Salida& salida
   const auto& pdf = argumentos.recibida.pdf;
   const int codigo =
       UsarVisor(argumentos, salida, [&](ui::Form& visor, HeadlessToolkit& pantallas) {
-        std::exception_ptr error;
-        AlAbrir(pantallas, "frmView", error, [&](ui::Form& vista) {
+        const auto imprimir = [&](ui::Form& vista) {
           auto& informe = Buscar<ui::ReportViewer>(vista, "crvRep");
           if (pdf) {
             informe.Save(*pdf);
           } else {
             informe.Print();
           }
-        });
-        Buscar<ui::Button>(visor, "cmdImprimir").Press();
-        if (error) std::rethrow_exception(error);
+        };
+        AlAbrir(pantallas, "frmView", imprimir,
+                [&] { Buscar<ui::Button>(visor, "cmdImprimir").Press(); });
       });
   if (codigo == kHecho) salida.resultado << "Factura impresa" << (pdf ? ": " + *pdf : "") << '\n';
   return codigo;

@@ -1,9 +1,7 @@
 #include "host/cli/pantalla_envio.h"
 
-#include <exception>
 #include <string>
 
-#include "host/cli/al_abrir.h"
 #include "host/cli/columnas.h"
 #include "host/cli/controles.h"
 #include "host/cli/fallo.h"

@@ -1,10 +1,13 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <iosfwd>
 #include <memory>
 #include <string>
 
+#include "host/cli/al_abrir.h"
 #include "host/cli/argumentos.h"
 #include "host/cli/impresora_cli.h"
 #include "kvraedi/conexion.h"
@@ -35,17 +38,14 @@ class SesionCli {
   /// Opens the screen `form` of an entry class, modally, for a user who does `pasos` on it. Raises
   /// what they raise. The session has ended then.
   template <class Entrada>
-  void Usar(const std::string& form, std::function<void(ui::Form&)> pasos) {
-    constexpr std::int16_t kModal = 1;
-    std::exception_ptr error;
-    AlAbrir(toolkit_, form, error, std::move(pasos));
-    {
+  void Usar(const std::string& form, const std::function<void(ui::Form&)>& pasos) {
+    AlAbrir(toolkit_, form, pasos, [this] {
+      constexpr std::int16_t kModal = 1;
       Entrada entrada;
       entrada.EmpresaKestrova(empresa_);
       entrada.ConexionKestrova(conexion_);
       entrada.Show(kModal, nullptr);
-    }
-    if (error) std::rethrow_exception(error);
+    });
     Cerrar();
   }
   /// Writes out what the statement log still holds; raises Fallo(kSinFicheros).

@@ -1,6 +1,5 @@
 #include "host/cli/visor_factura.h"
 
-#include <exception>
 #include <ostream>
 
 #include "host/cli/al_abrir.h"
@@ -49,13 +48,12 @@ constexpr Rotulo kRotulos[] = {
 void EscribirDescuentosLinea(ui::Form& visor, int fila, HeadlessToolkit& pantallas,
                              std::ostream& salida) {
   Buscar<ui::Grid>(visor, "vsLineas").MoveTo(fila);
-  std::exception_ptr error;
-  AlAbrir(pantallas, "frmVisorFactura_DescLineas", error, [&](ui::Form& descuentos) {
+  const auto listar = [&](ui::Form& descuentos) {
     salida << "\nDescuentos de la línea " << fila << '\n';
     EscribirTabla(Buscar<ui::Grid>(descuentos, "vsDescuentos"), kDescuentos, salida);
-  });
-  Buscar<ui::Button>(visor, "cmdDescLinea").Press();
-  if (error) std::rethrow_exception(error);
+  };
+  AlAbrir(pantallas, "frmVisorFactura_DescLineas", listar,
+          [&] { Buscar<ui::Button>(visor, "cmdDescLinea").Press(); });
 }
 
 }  // namespace
