@@ -10,7 +10,7 @@ paquetes_construir=(g++ cmake ninja-build libsqlite3-dev libpugixml-dev qt6-base
 paquetes_probar=(libgtest-dev libxml2-utils locales python3)
 paquetes_medir=(libbenchmark-dev python3)
 paquetes_fuzz=(clang libclang-rt-dev)
-paquetes_revisar=(clang-format clang-tidy python3)
+paquetes_revisar=(ccache clang-format clang-tidy python3)
 
 decir() { printf '%s\n' "$*"; }
 seccion() { printf '\n== %s ==\n' "$*"; }
