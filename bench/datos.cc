@@ -165,9 +165,10 @@ std::filesystem::path PrepararDesadv(const std::filesystem::path& carpeta) {
   return Preparar(carpeta, "desadv", [](SqliteConnection& conexion) {
     conexion.Execute("INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathFichRecibir', '.')");
     conexion.Execute("INSERT INTO Empresas_Parametros VALUES (1, 'UsuarioActual', '1')");
-    conexion.Execute(Sql("INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES"
-                         " (1, 1, 'Central', ",
-                         SqlTexto{kGlnAlmacen}, ")"));
+    conexion.Execute(
+        Sql("INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES"
+            " (1, 1, 'Central', ",
+            SqlTexto{kGlnAlmacen}, ")"));
     for (int codigo = 1; codigo <= kArticulos; ++codigo) {
       conexion.Execute(Sql("INSERT INTO Articulos VALUES (1, ", codigo, ", 'Queso curado ",
                            codigo * 7919 % kArticulos, "')"));

@@ -25,7 +25,7 @@ QStringList NativeFilters(const std::string& filter) {
 using NativeDialog = QPointer<QFileDialog>;
 
 NativeDialog NewDialog(const std::string& title, const std::filesystem::path& folder) {
-  const NativeDialog native = new QFileDialog(QApplication::activeWindow());
+  NativeDialog native = new QFileDialog(QApplication::activeWindow());
   native->setOption(QFileDialog::DontUseNativeDialog);
   if (!title.empty()) native->setWindowTitle(ToQt(title));
   if (!folder.empty()) native->setDirectory(ToQt(folder.string()));
