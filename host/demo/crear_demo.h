@@ -23,9 +23,9 @@ struct OpcionesDemo {
 using Progreso = std::function<void(std::int32_t hechos, std::int32_t total)>;
 
 /// Creates the demo: the folder, the database kvraedi.db in it and the folders Envios/, Recepcion/
-/// and Rpt/, which holds the report files. The same options give the same contents. The database appears under its name when it
-/// is complete. Gives back the database's path; raises `Error` when one is there already, when the
-/// number of invoices is out of range or when the system refuses.
+/// and Rpt/, which holds the report files. The same options give the same contents. The database
+/// appears under its name when it is complete. Gives back the database's path; raises `Error` when
+/// one is there already, when the number of invoices is out of range or when the system refuses.
 std::filesystem::path CrearDemo(const OpcionesDemo& opciones, const Progreso& progreso = {});
 
 /// A customer of the demo and what waits to be sent to it.
