@@ -17,6 +17,7 @@ constexpr std::size_t kAnchoAlbaran = 17;
 constexpr std::size_t kAnchoArticulo = 17;
 constexpr std::size_t kAnchoGln = 35;
 constexpr std::size_t kAnchoLote = 50;
+constexpr std::size_t kCantidad = 2;  // the field of QTYLIN
 
 bool SonCifras(std::string_view texto) {
   return std::all_of(texto.begin(), texto.end(), [](char c) { return c >= '0' && c <= '9'; });
@@ -82,6 +83,8 @@ class Lectura {
   void PciLin();
 
   std::string Ahora() const { return FechaTexto(entorno_.Now()); }
+  std::string Cantidad() const;
+  std::string Unidades(std::string_view cantidad) const;
   void PonerUnidades(std::string_view signo, std::string_view cantidad, std::string_view final);
 
   LectorBarras& lector_;
@@ -146,32 +149,46 @@ void Lectura::Lin() {
                         ")"));
 }
 
+/// The quantity with all the decimals that the file gives, for a statement.
+std::string Lectura::Cantidad() const {
+  static_cast<void>(lector_.Numero(kCantidad));  // raises when it is no number
+  std::string cantidad(Recortar(lector_.Texto(kCantidad)));
+  std::replace(cantidad.begin(), cantidad.end(), ',', '.');
+  return cantidad.empty() ? "0" : cantidad;
+}
+
+/// The pending packages by the quantity of each.
+std::string Lectura::Unidades(std::string_view cantidad) const {
+  constexpr double kMasUnidades = 9e14;
+  if (cantidad.front() == '+') cantidad.remove_prefix(1);  // from_chars takes no such sign
+  double porBulto = 0;
+  std::from_chars(cantidad.data(), cantidad.data() + cantidad.size(), porBulto);
+  const double unidades = bultos_.ToDouble() * porBulto;
+  if (std::fabs(unidades) > kMasUnidades) {
+    lector_.Rechazar(kCantidad, "se esperaba una cantidad menor");
+  }
+  return kvraedi::TextoDe(unidades);
+}
+
 void Lectura::QtyLin() {
   if (articulo_.empty()) return;
-  constexpr std::size_t kCantidad = 2;
   const auto* const regla =
       std::find_if(std::begin(kReglas), std::end(kReglas), [this](const ReglaCantidad& candidata) {
         return lector_.Texto(3) == candidata.unidad && lector_.Texto(1) == candidata.calificador;
       });
   if (regla == std::end(kReglas)) return;
-  const Currency cantidad = lector_.Numero(kCantidad);
+  const std::string cantidad = Cantidad();
   switch (regla->efecto) {
     case Efecto::kSumar:
-      return PonerUnidades("+ ", kvraedi::TextoDe(cantidad), "");
+      return PonerUnidades("+ ", cantidad, "");
     case Efecto::kRestarDoble:
-      return PonerUnidades("- (", kvraedi::TextoDe(cantidad), " * 2)");
+      return PonerUnidades("- (", cantidad, " * 2)");
     case Efecto::kBultos:
-      bultos_ = cantidad;
+      bultos_ = lector_.Numero(kCantidad);
       return;
     case Efecto::kSumarPorBultos:
-      break;
+      return PonerUnidades("+ ", Unidades(cantidad), "");
   }
-  constexpr double kMasUnidades = 9e14;
-  const double unidades = bultos_.ToDouble() * cantidad.ToDouble();
-  if (std::fabs(unidades) > kMasUnidades) {
-    lector_.Rechazar(kCantidad, "se esperaba una cantidad menor");
-  }
-  PonerUnidades("+ ", kvraedi::TextoDe(unidades), "");
 }
 
 void Lectura::PonerUnidades(std::string_view signo, std::string_view cantidad,

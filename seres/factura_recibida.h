@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,10 +18,11 @@ struct CabeceraRecibida {
   std::string numero;
   std::string funcion;
   std::string fecha;  ///< "dd/mm/20yy" as it stands in the file, not checked
-  Currency neto;
-  Currency base;
-  Currency impuestos;
-  Currency total;
+  /// The amounts hold nothing until they are read.
+  std::optional<Currency> neto;
+  std::optional<Currency> base;
+  std::optional<Currency> impuestos;
+  std::optional<Currency> total;
   std::string gln;
   std::string nombre;
   std::string nif;

@@ -1,6 +1,7 @@
 #include "seres/frmVisorFactura.h"
 
 #include <array>
+#include <optional>
 #include <string>
 
 #include "frame/accion.h"
@@ -113,7 +114,9 @@ void frmVisorFactura::LeerFichero() {
 }
 
 void frmVisorFactura::MostrarCabecera(const CabeceraRecibida& cabecera) {
-  const auto importe = [](Currency valor) { return NumeroTexto(valor, kDecimalesImporte); };
+  const auto importe = [](std::optional<Currency> valor) {
+    return valor ? NumeroTexto(*valor, kDecimalesImporte) : std::string();
+  };
   if (cabecera.esFactura) lblMensaje.SetCaption("FACTURA");
   lblTipo.SetCaption(std::string(NombreTipoDocumento(cabecera.tipoDocumento)));
   lblNumero.SetCaption(cabecera.numero);

@@ -144,6 +144,14 @@ void EscribirLineasSueltas(Connection& conexion, std::ostream& salida) {
   }
 }
 
+/// Whether anything is still staged: everything is created in a run, or nothing.
+bool QuedanSinCrear(Connection& conexion) {
+  for (const char* tabla : {"EDI_PedidosClientes", "EDI_PedidosClientes_Lineas"}) {
+    if (!conexion.Open(std::string("SELECT TOP 1 Doc_Num FROM ") + tabla)->Eof()) return true;
+  }
+  return false;
+}
+
 }  // namespace
 
 int EjecutarOrdersInsertar(const Argumentos& argumentos, const Salida& salida) {
@@ -161,8 +169,12 @@ int EjecutarOrdersInsertar(const Argumentos& argumentos, const Salida& salida) {
   EscribirPedidos(*sesion.Conexion(), ultimo, salida.resultado);
   EscribirLugares(entorno, carpeta, ficheros, salida.resultado);
   salida.resultado << "Registro:\n" << lectura.Nuevas() << creacion.Nuevas();
+  const bool quedan = QuedanSinCrear(*sesion.Conexion());
+  if (quedan) {
+    salida.mensajes << "kvraedi: quedan pedidos sin crear; «orders pendientes» dice por qué\n";
+  }
   sesion.Cerrar();
-  return sesion.Pantallas().Messages().empty() ? kHecho : kRechazado;
+  return sesion.Pantallas().Messages().empty() && !quedan ? kHecho : kRechazado;
 }
 
 int EjecutarOrdersPendientes(const Argumentos& argumentos, const Salida& salida) {

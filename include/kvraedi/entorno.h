@@ -77,7 +77,7 @@ class KVRAEDI_API Entorno {
   /// An existing file, read block by block.
   virtual std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) = 0;
   /// Names, without folder, of the plain files of a folder that end in `ending` (".dat"), without
-  /// regard to case, in the order of the file system; a snapshot.
+  /// regard to case, in order; a snapshot.
   virtual std::vector<std::string> ListFiles(const std::filesystem::path& folder,
                                              std::string_view ending) = 0;
   /// A new empty file; null when the name is in use. No two programs get the same one.

@@ -220,6 +220,7 @@ std::vector<std::string> ListarFicheros(const fs::path& carpeta, std::string_vie
     }
   }
   if (fallo) FalloSistema("No se puede leer la carpeta", carpeta, fallo.value());
+  std::sort(nombres.begin(), nombres.end());
   return nombres;
 }
 

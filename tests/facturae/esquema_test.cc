@@ -63,8 +63,12 @@ TEST_F(Esquema, AceptaLoQuePuedeYRechazaLoQueLosDatosEstropean) {
       {"UPDATE EDI_Centros_Administrativos SET Localidad ="
        " 'Una localidad de nombre mucho más largo que cincuenta caracteres'",
        "Element 'Town'"},
+      {"UPDATE EDI_Centros_Administrativos SET Provincia = 'Santa Cruz de Tenerife'",
+       "Element 'Province'"},
+      {"UPDATE Paises SET ISO3Codigo = 'ESX'", "Element 'CountryCode'"},
       {"UPDATE EDI_Centros_Administrativos SET CodigoPostal = ''", "Element 'PostCode'"},
       {"UPDATE Clientes SET CP = '3550'", "Element 'PostCode'"},
+      {"UPDATE Clientes SET CP = '-3550'", "Element 'PostCode': [facet 'pattern']"},
       {anexo("a.PDF"), "Element 'AttachmentFormat'"},
       {"DELETE FROM Facturas_Lineas", "Element 'Items': Missing child element"},
       {"UPDATE Empresas SET Nombre_2 = 'Un nombre comercial de más de cuarenta caracteres'",

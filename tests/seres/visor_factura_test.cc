@@ -99,11 +99,12 @@ TEST_F(VisorFacturaTest, AFileThatIsSpoiltShowsWhatCouldBeRead) {
     std::string bytes;
     const char* aviso;
     int lineas;
+    const char* total = "1284,00";
   } casos[] = {
-      {"", "no contiene ninguna factura", 0},
-      {std::string(300, '\0'), "no contiene ninguna factura", 0},
-      {"\xFF\xFES\0I\0N\0C\0C\0\r\0\n\0", "no contiene ninguna factura", 0},
-      {Fichero({Sincl("1")}), "no contiene ninguna factura", 1},
+      {"", "no contiene ninguna factura", 0, ""},
+      {std::string(300, '\0'), "no contiene ninguna factura", 0, ""},
+      {"\xFF\xFES\0I\0N\0C\0C\0\r\0\n\0", "no contiene ninguna factura", 0, ""},
+      {Fichero({Sincl("1")}), "no contiene ninguna factura", 1, ""},
       {cabeza + Fichero({Sincl("2", "12a"), Sincl("3")}),
        "«recibida.txt», línea 4, registro SINCL: el campo Unidades no es un número: «12a»", 1},
       {cabeza + Fichero({Sincl("2", "1e5")}), "el campo Unidades no es un número: «1e5»", 1},
@@ -115,7 +116,7 @@ TEST_F(VisorFacturaTest, AFileThatIsSpoiltShowsWhatCouldBeRead) {
       {Fichero({Sincc(), Since(), Sincl("1")}),
        "línea 2, registro SINCE: es un descuento de línea y no hay ninguna línea", 0},
       {Fichero({Esperado(270, "1 SINCC|7 380|-191 1..2"), Sincl("1")}),
-       "registro SINCC: el campo NetoLineas no es un número: «1..2»", 0},
+       "registro SINCC: el campo NetoLineas no es un número: «1..2»", 0, ""},
   };
   for (const auto& caso : casos) {
     Abrir(Escribir(caso.bytes));
@@ -124,6 +125,7 @@ TEST_F(VisorFacturaTest, AFileThatIsSpoiltShowsWhatCouldBeRead) {
     EXPECT_NE(toolkit.Messages().back().text.find(caso.aviso), std::string::npos)
         << toolkit.Messages().back().text;
     EXPECT_EQ(Lineas().Rows() - 1, caso.lineas) << caso.aviso;
+    EXPECT_EQ(Rotulo("lblTotal"), caso.total) << caso.aviso;
     EXPECT_TRUE(visor->Visible());
     EXPECT_FALSE(visor->Cancelado());
     visor->Unload();
