@@ -4,6 +4,8 @@
 #include <array>
 #include <utility>
 
+#include "platform/suite/texto_sql.h"
+
 namespace kvraedi {
 namespace {
 
@@ -13,9 +15,7 @@ constexpr std::array<std::string_view, 3> kRutas = {"edi_pathfichenvios", "edi_p
 
 std::string Minusculas(std::string_view text) {
   std::string lower(text);
-  for (char& c : lower) {
-    if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-  }
+  std::transform(lower.begin(), lower.end(), lower.begin(), suite::Minuscula);
   return lower;
 }
 

@@ -6,6 +6,7 @@
 
 #include "kvraedi/error.h"
 #include "platform/suite/informes.h"
+#include "platform/suite/texto_sql.h"
 #include "platform/suite/valor_informe.h"
 
 namespace kvraedi::suite {

@@ -10,8 +10,6 @@ namespace {
 
 constexpr std::string_view kSeparador = "---";
 
-char Minuscula(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
-
 bool EsLetra(char c) {
   const bool ascii = Minuscula(c) >= 'a' && Minuscula(c) <= 'z';
   return ascii || c == '_' || static_cast<unsigned char>(c) >= 0x80U;
@@ -237,11 +235,6 @@ PlantillaInforme LeerPlantilla(std::string_view texto) {
 
 std::string NombreDeSubinforme(std::string_view fichero) {
   return std::string(fichero.substr(0, fichero.rfind('.')));
-}
-
-bool MismoNombre(std::string_view a, std::string_view b) {
-  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                    [](char x, char y) { return Minuscula(x) == Minuscula(y); });
 }
 
 }  // namespace kvraedi::suite

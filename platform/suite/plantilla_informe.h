@@ -65,7 +65,4 @@ PlantillaInforme LeerPlantilla(std::string_view texto);
 /// The name by which a layout places a report within it: its file's name without ending.
 std::string NombreDeSubinforme(std::string_view fichero);
 
-/// Whether two names are the same, without regard to the case of A to Z.
-bool MismoNombre(std::string_view a, std::string_view b);
-
 }  // namespace kvraedi::suite

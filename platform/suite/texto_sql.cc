@@ -1,14 +1,22 @@
 #include "platform/suite/texto_sql.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cstdlib>
 
 namespace kvraedi::suite {
 
-std::string_view Recortar(std::string_view text) {
-  const auto first = text.find_first_not_of(' ');
+std::string_view Recortar(std::string_view text, std::string_view blancos) {
+  const auto first = text.find_first_not_of(blancos);
   if (first == std::string_view::npos) return {};
-  return text.substr(first, text.find_last_not_of(' ') - first + 1);
+  return text.substr(first, text.find_last_not_of(blancos) - first + 1);
+}
+
+char Minuscula(char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; }
+
+bool MismoNombre(std::string_view a, std::string_view b) {
+  return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                    [](char x, char y) { return Minuscula(x) == Minuscula(y); });
 }
 
 std::optional<std::int32_t> Entero(std::string_view text) {

@@ -9,7 +9,12 @@
 
 namespace kvraedi::suite {
 
-std::string_view Recortar(std::string_view text);
+/// The text without those characters at either end.
+std::string_view Recortar(std::string_view text, std::string_view blancos = " ");
+/// The lower-case letter of an ASCII capital; any other character as it is.
+char Minuscula(char c);
+/// Whether two names are the same but for the case of ASCII letters.
+bool MismoNombre(std::string_view a, std::string_view b);
 /// The text as a whole number of 32 bits; nothing when it is anything else.
 std::optional<std::int32_t> Entero(std::string_view text);
 /// Condition on a text column: it contains the text, whose wildcards and quotes stand for
