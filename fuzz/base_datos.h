@@ -12,10 +12,7 @@ inline Connection& BaseDatos() {
     SqliteOptions opciones;
     opciones.create = true;
     static SqliteConnection nueva(":memory:", opciones);
-    for (const auto esquema :
-         {demo::kEsquema, demo::kEsquemaPedidos, demo::kEsquemaRecepcion, demo::kFunciones}) {
-      nueva.Run(esquema);
-    }
+    for (const auto script : demo::kScriptsSqlite) nueva.Run(script);
     return nueva;
   }();
   return conexion;

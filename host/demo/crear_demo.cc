@@ -116,10 +116,7 @@ fs::path CrearDemo(const OpcionesDemo& opciones, const Progreso& progreso) {
     sqlite.durability = Durability::kNone;
     SqliteConnection conexion(Utf8(nueva), sqlite);
     conexion.BeginTrans();
-    for (const auto esquema : {kEsquema, kEsquemaPedidos, kEsquemaRecepcion}) {
-      conexion.Run(esquema);
-    }
-    conexion.Run(kFunciones);
+    for (const auto script : kScriptsSqlite) conexion.Run(script);
     Llenar(conexion, opciones, progreso);
     conexion.CommitTrans();
   }

@@ -1,9 +1,11 @@
 # Writes the scripts into a source file, so that the program needs no file at run time.
-# cmake -DESQUEMA=... -DPEDIDOS=... -DRECEPCION=... -DFUNCIONES=... -DSALIDA=... -P embeber_sql.cmake
+# cmake -DESQUEMA=... -DPEDIDOS=... -DRECEPCION=... -DFUNCIONES=... -DDISPARADORES_SQLITE=...
+#   -DSALIDA=... -P embeber_sql.cmake
 file(READ "${ESQUEMA}" esquema)
 file(READ "${PEDIDOS}" pedidos)
 file(READ "${RECEPCION}" recepcion)
 file(READ "${FUNCIONES}" funciones)
+file(READ "${DISPARADORES_SQLITE}" disparadores_sqlite)
 file(WRITE "${SALIDA}" "#include \"host/demo/esquema.h\"
 
 namespace kvraedi::demo {
@@ -12,6 +14,9 @@ const std::string_view kEsquema = R\"sql(${esquema})sql\";
 const std::string_view kEsquemaPedidos = R\"sql(${pedidos})sql\";
 const std::string_view kEsquemaRecepcion = R\"sql(${recepcion})sql\";
 const std::string_view kFunciones = R\"sql(${funciones})sql\";
+const std::string_view kDisparadoresSqlite = R\"sql(${disparadores_sqlite})sql\";
+const std::array<std::string_view, 5> kScriptsSqlite = {
+    kEsquema, kEsquemaPedidos, kEsquemaRecepcion, kFunciones, kDisparadoresSqlite};
 
 }  // namespace kvraedi::demo
 ")

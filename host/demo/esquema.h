@@ -1,14 +1,20 @@
 #pragma once
 
+#include <array>
 #include <string_view>
 
 namespace kvraedi::demo {
 
-/// The T-SQL scripts of this folder, as they were when the program was built: the tables of sales,
-/// of orders and logistics and of received invoices, then the functions and triggers.
+/// The scripts of this folder, as they were when the program was built: the tables of sales, of
+/// orders and logistics and of received invoices, then the functions. T-SQL for every database.
 extern const std::string_view kEsquema;
 extern const std::string_view kEsquemaPedidos;
 extern const std::string_view kEsquemaRecepcion;
 extern const std::string_view kFunciones;
+/// Triggers, in the words of one database.
+extern const std::string_view kDisparadoresSqlite;
+
+/// What makes an embedded database, in the order in which it is run.
+extern const std::array<std::string_view, 5> kScriptsSqlite;
 
 }  // namespace kvraedi::demo

@@ -38,10 +38,7 @@ class Escenario : public testing::Test {
     base = std::make_shared<SqliteConnection>(
         (carpeta / "kvraedi.db").string(),
         SqliteOptions{.create = true, .durability = Durability::kNone});
-    base->Run(demo::kEsquema);
-    base->Run(demo::kEsquemaPedidos);
-    base->Run(demo::kEsquemaRecepcion);
-    base->Run(demo::kFunciones);
+    for (const auto script : demo::kScriptsSqlite) base->Run(script);
     base->Run(R"(
 INSERT INTO Empresas (Codigo, Nombre_1, Nombre_2, Direccion, CP, Localidad, Provincia, Pais, Telefono, Fax, Nif, Emp_Articulos, Emp_Clientes, Emp_Proveedores, Aplica_IGIC)
   VALUES (1, 'Ñandú y Cía, S.L.', 'Mayorista', 'C/ Mayor, 1', '35001', 'Las Palmas', 'Las Palmas de GC', 'ESP', '928000000', '928000001', 'B35000000', 1, 1, 1, 1);

@@ -10,10 +10,7 @@ class PlansTest : public SqliteTest {};
 
 /// The component's own statements, on the tables that it comes with.
 TEST_F(PlansTest, ListAndInvoiceAreSearchedInIndexes) {
-  for (const std::string_view script :
-       {demo::kEsquema, demo::kEsquemaPedidos, demo::kEsquemaRecepcion, demo::kFunciones}) {
-    db_->Run(std::string(script));
-  }
+  for (const auto script : demo::kScriptsSqlite) db_->Run(script);
   const std::string list =
       PlanOf(ConsultaFacturas({.fechaInicial = "01/03/2024", .fechaFinal = "31/03/2024"}, 1, 1));
   const std::string invoice = PlanOf(invoic::ConsultaFactura({1, 2024, 1, 10, 0}, 1, 5));
