@@ -16,11 +16,12 @@ Currency Currency::FromInteger(std::int64_t value) {
 
 Currency Currency::FromDouble(double value) {
   constexpr double kFifteenDigitsLoseDecimals = 1e11;
-  const bool large = std::fabs(value) >= kFifteenDigitsLoseDecimals;
-  const auto format = large ? std::chars_format::fixed : std::chars_format::scientific;
   std::array<char, 32> text{};
+  char* const last = text.data() + text.size();
   const auto [end, error] =
-      std::to_chars(text.data(), text.data() + text.size(), value, format, large ? 4 : 14);
+      std::fabs(value) < kFifteenDigitsLoseDecimals
+          ? std::to_chars(text.data(), last, value, std::chars_format::scientific, 14)
+          : std::to_chars(text.data(), last, value, std::chars_format::fixed);
   const auto parsed = error == std::errc{}
                           ? Parse({text.data(), static_cast<std::size_t>(end - text.data())})
                           : std::nullopt;

@@ -22,7 +22,7 @@ class KVRAEDI_API Currency {
   static constexpr Currency FromUnits(std::int64_t units) { return Currency(units); }
   static Currency FromInteger(std::int64_t value);
   /// The value's 15 significant decimal digits, taken to four decimals half away from zero; from
-  /// 1e11 on, where those do not reach the fourth decimal, the nearest value of four decimals.
+  /// 1e11 on, where those do not reach the fourth decimal, the shortest text that reads back.
   static Currency FromDouble(double value);
   /// Plain decimal text with a point ("-12.5", ".5", "1e3"), taken to four decimals half away from
   /// zero; nothing when the text is not a number. Out of range raises.

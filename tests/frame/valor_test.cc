@@ -39,6 +39,7 @@ TEST(Currency, TakesTheDecimalTextOfADouble) {
   EXPECT_EQ(Currency::FromDouble(0.1 + 0.2).Units(), 3000);
   EXPECT_EQ(Currency::FromDouble(99999999999.9999).Units(), 999999999999999);
   EXPECT_EQ(Currency::FromDouble(-100000000000.9995).Units(), -1000000000009995);
+  EXPECT_EQ(Currency::FromDouble(1234567890123.12).Units(), 12345678901231200);
   EXPECT_THROW(Currency::FromDouble(1e300), Error);
   EXPECT_THROW(Currency::FromDouble(std::numeric_limits<double>::quiet_NaN()), Error);
 }
