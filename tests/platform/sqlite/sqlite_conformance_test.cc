@@ -1,5 +1,5 @@
-#include "connection_conformance.h"
 #include "platform/sqlite/sqlite_connection.h"
+#include "tests/platform/conexion/connection_conformance.h"
 
 namespace kvraedi::conformance {
 

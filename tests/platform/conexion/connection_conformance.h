@@ -1,0 +1,42 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <memory>
+#include <string>
+
+#include "kvraedi/conexion.h"
+
+namespace kvraedi::conformance {
+
+/// An adapter under test, a row for each database. What a database takes beyond the promises of
+/// conexion.h is tested beside its adapter.
+struct Adapter {
+  std::string name;
+  /// Gives a connection to an empty database, with GETDATE() at 05/06/2024 07:08:09.
+  std::function<std::unique_ptr<Connection>()> open;
+  /// The tests that it cannot pass, each with its reason: they are skipped and say so.
+  std::map<std::string, std::string> cannot = {};
+};
+
+inline void PrintTo(const Adapter& adapter, std::ostream* out) { *out << adapter.name; }
+
+/// What every Connection must do. A test program compiles connection_conformance.cc and names its
+/// adapters with INSTANTIATE_TEST_SUITE_P.
+class ConnectionConformance : public testing::TestWithParam<Adapter> {
+ protected:
+  void SetUp() override;
+
+  void Insert(const std::string& column, const std::string& value);
+
+  /// The first column of all rows, joined by "|"; nulls are "NULL".
+  std::string All(const std::string& sql);
+
+  std::int64_t Count(const std::string& condition);
+
+  std::unique_ptr<Connection> db_;
+};
+
+}  // namespace kvraedi::conformance
