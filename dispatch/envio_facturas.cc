@@ -1,6 +1,7 @@
 #include "dispatch/comprobacion_envio.h"
 #include "dispatch/fila_facturae.h"
 #include "dispatch/frmEnvioFactura.h"
+#include "dispatch/resultado_envio.h"
 #include "frame/accion.h"
 #include "frame/modMsgOp.h"
 #include "frame/numero.h"
@@ -17,15 +18,17 @@ constexpr std::int16_t kMensajeCoacsu = 2;
 
 void frmEnvioFactura::cmdAceptar_Click() {
   Accion("frmEnvioFactura:cmdAceptar_Click", [&] {
+    ResultadoEnvio& resultado = EmpezarResultadoEnvio();
     const auto configuracion = EnvioComprobado();
     if (!configuracion) return;
     const auto [plataforma, mensaje] = *configuracion;
     if (plataforma == kPlataformaSeres && mensaje == kMensajeInvoic) {
-      EnviarInvoic();
+      resultado.completo = EnviarInvoic();
     } else if (plataforma == kPlataformaSeres && mensaje == kMensajeCoacsu) {
-      EnviarCoacsu();
+      resultado.completo = EnviarCoacsu();
+      if (resultado.completo) resultado.resumen = FicheroCoacsu();
     } else if (plataforma == kPlataformaFacturae && mensaje == kMensajeFacturae) {
-      EnviarFacturaE();
+      resultado.completo = EnviarFacturaE();
     } else if (plataforma == kPlataformaSeres || plataforma == kPlataformaFacturae) {
       Exigir(kFaltaMensaje);
     } else {
@@ -35,20 +38,22 @@ void frmEnvioFactura::cmdAceptar_Click() {
   });
 }
 
-void frmEnvioFactura::EnviarCoacsu() {
+bool frmEnvioFactura::EnviarCoacsu() {
   MsgOp(true, "Generando fichero COACSU, por favor espere...");
   const auto cliente = Estrechar<std::int16_t>(txtCliente.Code());
-  if (ProcesarFacturasCoacsu(cliente, txtFechaI.Text(), txtFechaF.Text())) {
+  const bool generado = ProcesarFacturasCoacsu(cliente, txtFechaI.Text(), txtFechaF.Text());
+  if (generado) {
     Informar("El fichero COACSU se ha generado correctamente.");
   } else {
     Exigir("No se ha podido generar el fichero COACSU.");
   }
+  return generado;
 }
 
-void frmEnvioFactura::EnviarInvoic() {
+bool frmEnvioFactura::EnviarInvoic() {
   MsgOp(true, "Generando fichero INVOIC, por favor espere...");
   const auto cliente = Estrechar<std::int16_t>(txtCliente.Code());
-  EnviarMarcadas(
+  return EnviarMarcadas(
       [&](int fila) {
         return INVOIC(cliente, Entero<std::int16_t>(vsDocs.Cell(fila, kSerie)),
                       Entero<std::int32_t>(vsDocs.Cell(fila, kFactura)),
@@ -59,26 +64,28 @@ void frmEnvioFactura::EnviarInvoic() {
       "El/los fichero/s INVOIC se han generado correctamente.");
 }
 
-void frmEnvioFactura::EnviarFacturaE() {
+bool frmEnvioFactura::EnviarFacturaE() {
   EmpezarFacturaE();
-  EnviarMarcadas([&](int fila) { return GenerarFacturaE(vsDocs, fila, false, "", 0); },
-                 "Error al generar la factura: ",
-                 "El/los fichero/s de FACTURA E se han generado correctamente.");
+  return EnviarMarcadas([&](int fila) { return GenerarFacturaE(vsDocs, fila, false, "", 0); },
+                        "Error al generar la factura: ",
+                        "El/los fichero/s de FACTURA E se han generado correctamente.");
 }
 
-/// Sends the ticked rows in the order of the list and marks them; the first failure ends it.
-void frmEnvioFactura::EnviarMarcadas(const std::function<bool(int fila)>& enviar,
+/// Sends the ticked rows in the order of the list and marks them; the first failure ends it,
+/// with false.
+bool frmEnvioFactura::EnviarMarcadas(const std::function<bool(int fila)>& enviar,
                                      std::string_view fallo, std::string_view exito) {
   for (int fila = 1; fila < vsDocs.Rows(); ++fila) {
     if (!vsDocs.IsSet(fila, kSeleccion)) continue;
     if (!enviar(fila)) {
       Informar(std::string(fallo).append(vsDocs.Cell(fila, kFactura)));
-      return;
+      return false;
     }
     vsDocs.SetCell(fila, kGenerada, "X");
     vsDocs.SetCell(fila, kSeleccion, "0");
   }
   Informar(exito);
+  return true;
 }
 
 }  // namespace kvraedi

@@ -2,6 +2,7 @@
 #include "dispatch/fila_facturae.h"
 #include "dispatch/frmEnvioFactura.h"
 #include "dispatch/frmExportar.h"
+#include "dispatch/resultado_envio.h"
 #include "facturae/documento.h"
 #include "frame/accion.h"
 #include "frame/modMsgOp.h"
@@ -36,6 +37,7 @@ void ImprimirPdf(const facturae::ClaveDocumento& factura, const fs::path& carpet
 
 void frmEnvioFactura::cmdExportar_Click() {
   Accion(kTitulo, [&] {
+    ResultadoEnvio& resultado = EmpezarResultadoEnvio();
     const auto configuracion = EnvioComprobado();
     if (!configuracion || !RevisionConfirmada()) return;
     const fs::path carpeta = PedirCarpeta();
@@ -47,7 +49,7 @@ void frmEnvioFactura::cmdExportar_Click() {
     } else if (configuracion->mensaje != kMensajeFacturae) {
       Exigir(kFaltaMensaje);
     } else {
-      ExportarMarcadas(carpeta);
+      resultado.completo = ExportarMarcadas(carpeta);
     }
   });
 }
@@ -71,8 +73,8 @@ fs::path frmEnvioFactura::PedirCarpeta() {
 }
 
 /// Exports the ticked rows in the order of the list; those that fail are told at the end. Only the
-/// first one gets the revision number.
-void frmEnvioFactura::ExportarMarcadas(const fs::path& carpeta) {
+/// first one gets the revision number. True when none failed.
+bool frmEnvioFactura::ExportarMarcadas(const fs::path& carpeta) {
   EmpezarFacturaE();
   std::string fallidas;
   for (int fila = 1; fila < vsDocs.Rows(); ++fila) {
@@ -89,6 +91,7 @@ void frmEnvioFactura::ExportarMarcadas(const fs::path& carpeta) {
     Informar("Las siguientes Facturas han dado error al exportar: " + fallidas);
   }
   MsgOp(false, kMensajeOperacion);
+  return fallidas.empty();
 }
 
 /// Makes the files of a row. When it has its document but the PDF of it fails, the user is told why

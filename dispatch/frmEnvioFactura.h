@@ -69,19 +69,19 @@ class frmEnvioFactura : public ui::Form {
   bool FiltroDeEnvioValido();
   bool HaySeleccion() const;
 
-  // Sending
+  // Sending: true when everything was sent
   void cmdAceptar_Click();
-  void EnviarInvoic();
-  void EnviarFacturaE();
-  void EnviarMarcadas(const std::function<bool(int fila)>& enviar, std::string_view fallo,
+  bool EnviarInvoic();
+  bool EnviarFacturaE();
+  bool EnviarMarcadas(const std::function<bool(int fila)>& enviar, std::string_view fallo,
                       std::string_view exito);
-  void EnviarCoacsu();
+  bool EnviarCoacsu();
 
   // Exporting
   void cmdExportar_Click();
   bool RevisionConfirmada();
   std::filesystem::path PedirCarpeta();
-  void ExportarMarcadas(const std::filesystem::path& carpeta);
+  bool ExportarMarcadas(const std::filesystem::path& carpeta);
   bool ExportarFila(int fila, const std::filesystem::path& carpeta);
 
   // Attachments

@@ -8,8 +8,6 @@
 namespace kvraedi {
 namespace {
 
-constexpr const char* kFichero = "KVRAEDI_COACSU.txt";
-
 /// The message of the summary invoice on which the recordset stands, with the delivery lines of
 /// the whole selection.
 bool GenerarMensajeCoacsu(const coacsu::Seleccion& seleccion, const Recordset& resumen,
@@ -23,6 +21,8 @@ bool GenerarMensajeCoacsu(const coacsu::Seleccion& seleccion, const Recordset& r
 
 }  // namespace
 
+std::filesystem::path FicheroCoacsu() { return EntornoActual().DriveRoot() / "KVRAEDI_COACSU.txt"; }
+
 bool ProcesarFacturasCoacsu(std::int16_t cliente, const std::string& fechaInicial,
                             const std::string& fechaFinal) {
   bool generados = true;
@@ -30,7 +30,7 @@ bool ProcesarFacturasCoacsu(std::int16_t cliente, const std::string& fechaInicia
     const coacsu::Seleccion seleccion{cliente, fechaInicial, fechaFinal};
     Entorno& entorno = EntornoActual();
     const auto resumen = ConexionActual().Open(coacsu::ConsultaResumen(seleccion));
-    EscritorTexto fichero(entorno.Append(entorno.DriveRoot() / kFichero));
+    EscritorTexto fichero(entorno.Append(FicheroCoacsu()));
     coacsu::EscribirRectl(fichero, entorno.Now());
     for (; !resumen->Eof(); resumen->MoveNext()) {
       generados = GenerarMensajeCoacsu(seleccion, *resumen, fichero);

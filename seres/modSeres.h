@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 namespace kvraedi {
@@ -11,8 +12,10 @@ namespace kvraedi {
 bool INVOIC(std::int16_t cliente, std::int16_t serie, std::int32_t codigo, std::int16_t tipoDoc,
             std::int16_t ejercicio);
 
-/// Appends one COACSU group to the file KVRAEDI_COACSU.txt of the drive's root: a header, then a
-/// message for each summary invoice of the customer in the range of dates, which are texts as
+/// The file of all COACSU groups, in the drive's root.
+std::filesystem::path FicheroCoacsu();
+
+/// Appends one COACSU group to FicheroCoacsu(): a header, then a message for each summary invoice of the customer in the range of dates, which are texts as
 /// typed. True when all was written; otherwise the error has been shown and what was written stays.
 bool ProcesarFacturasCoacsu(std::int16_t cliente, const std::string& fechaInicial,
                             const std::string& fechaFinal);

@@ -12,6 +12,7 @@
 #include "host/cli/ordenes.h"
 #include "host/cli/seleccion_facturas.h"
 #include "host/cli/sesion_cli.h"
+#include "kvraedi/resultado_envio.h"
 
 namespace kvraedi::cli {
 namespace {
@@ -57,7 +58,7 @@ int Exportar(const Argumentos& argumentos, const Salida& salida, PantallaEnvio& 
   AlAbrir(pantallas, "frmExportar", elegirCarpeta,
           [&] { pantalla.Exportar(argumentos.exportacion.revision); });
   EscribirNuevos(carpeta, antes, salida.resultado);
-  return TerminoCorrectamente(sesion) ? kHecho : kRechazado;
+  return UltimoResultadoEnvio().completo ? kHecho : kRechazado;
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include "host/cli/pantalla_envio.h"
 #include "host/cli/seleccion_facturas.h"
 #include "host/cli/sesion_cli.h"
+#include "kvraedi/resultado_envio.h"
 
 namespace kvraedi::cli {
 namespace {
@@ -40,19 +41,14 @@ int Enviar(const Argumentos& argumentos, const Salida& salida, PantallaEnvio& pa
   for (const int fila : marcadas) {
     if (!lista.IsSet(fila, kSeleccion)) enviadas.push_back(fila);
   }
-  const bool correcto = TerminoCorrectamente(sesion);
-  if (!correcto || !enviadas.empty()) {
+  const ResultadoEnvio& resultado = UltimoResultadoEnvio();
+  // A summary goes to one file for all the invoices of the range, and their rows stay as they are.
+  if (resultado.resumen.empty()) {
     EscribirEnviadas(lista, enviadas, sesion, salida.resultado);
+  } else {
+    salida.resultado << "Mensaje resumen añadido a: " << resultado.resumen.string() << '\n';
   }
-  if (!correcto) return kRechazado;
-  if (enviadas.empty()) {
-    // A summary goes to one file for all the invoices of the range, and their rows stay as they
-    // are.
-    salida.resultado << "Mensaje resumen añadido a: "
-                     << (sesion.EntornoActual().DriveRoot() / "KVRAEDI_COACSU.txt").string()
-                     << '\n';
-  }
-  return kHecho;
+  return resultado.completo ? kHecho : kRechazado;
 }
 
 }  // namespace

@@ -66,9 +66,4 @@ std::vector<int> Marcadas(const ui::Grid& lista) {
   return filas;
 }
 
-bool TerminoCorrectamente(SesionCli& sesion) {
-  const auto& cajas = sesion.Pantallas().Messages();
-  return SinErrores(sesion) && !cajas.empty() && cajas.back().text.ends_with("correctamente.");
-}
-
 }  // namespace kvraedi::cli

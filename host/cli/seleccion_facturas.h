@@ -19,8 +19,4 @@ bool Seleccionar(const Argumentos& argumentos, std::ostream& mensajes, PantallaE
 /// The ticked rows.
 std::vector<int> Marcadas(const ui::Grid& lista);
 
-/// True when the component ended its work with the message of a complete one, and nothing before
-/// was more than information or a question.
-bool TerminoCorrectamente(SesionCli& sesion);
-
 }  // namespace kvraedi::cli
