@@ -58,16 +58,28 @@ struct Recepcion {
   }
 };
 
+/// Types a date of the filters; the screen itself would list without a bound that is no date.
+FechaHora TeclearFecha(ui::DateBox& caja, const std::string& fecha, const char* cual) {
+  caja.Type(fecha);
+  const auto leida = FechaHora::Parse(caja.Text());
+  if (leida && !caja.Text().empty()) return *leida;
+  throw Fallo(kRechazado, "debe indicar una fecha " + std::string(cual) +
+                              " válida, dd/mm/aaaa, no «" + fecha + "»");
+}
+
 bool Cargar(ui::Form& form, const Argumentos& argumentos, const HeadlessToolkit& pantallas) {
   if (!pantallas.Messages().empty()) return false;
   if (argumentos.recibida.proveedor) {
     auto& proveedor = Buscar<ui::Picker>(form, "txtProveedor");
     proveedor.Type(std::to_string(*argumentos.recibida.proveedor));
   }
-  Buscar<ui::DateBox>(form, "txtFechaI").Type(argumentos.desde);
-  auto& hasta = Buscar<ui::DateBox>(form, "txtFechaF");
-  hasta.Type(argumentos.hasta);
-  hasta.PressEnter();
+  auto& txtFechaF = Buscar<ui::DateBox>(form, "txtFechaF");
+  const FechaHora desde =
+      TeclearFecha(Buscar<ui::DateBox>(form, "txtFechaI"), argumentos.desde, "inicial");
+  if (TeclearFecha(txtFechaF, argumentos.hasta, "final") < desde) {
+    throw Fallo(kRechazado, "la fecha inicial no puede ser mayor que la final");
+  }
+  txtFechaF.PressEnter();
   return pantallas.Messages().empty();
 }
 

@@ -93,6 +93,20 @@ TEST_F(Recibidas, AnyFileCanBeLookedInto) {
   EXPECT_EQ(Ejecutar({"ver"}).codigo, 2);
 }
 
+TEST_F(Recibidas, ARangeThatIsNoneIsRefused) {
+  const struct {
+    const char *desde, *hasta, *aviso;
+  } casos[] = {{"abc", "31/12/2026", "fecha inicial válida"},
+               {"01/01/2026", "31/02/2026", "no «31/02/2026»"},
+               {"02/01/2026", "01/01/2026", "no puede ser mayor"}};
+  for (const auto& [desde, hasta, aviso] : casos) {
+    const Ejecucion lista = Ejecutar({"recibidas", "listar", "--desde", desde, "--hasta", hasta});
+    EXPECT_EQ(lista.codigo, 1) << aviso;
+    EXPECT_TRUE(lista.Dice(aviso)) << lista.mensajes;
+    EXPECT_EQ(lista.resultado, "");
+  }
+}
+
 TEST_F(Recibidas, PendingFilesAreListed) {
   const Ejecucion lista = Ejecutar({"pendientes", "listar", "--json"});
   ASSERT_EQ(lista.codigo, 0) << lista.mensajes;
