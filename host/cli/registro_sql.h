@@ -9,7 +9,9 @@
 
 namespace kvraedi::cli {
 
-/// Writes every statement to a file before it is run, each ended by a NUL.
+/// Writes every statement to a file before it is run, each ended by a NUL. What goes to the
+/// database without a statement of its own (a transaction's begin and end, the bytes of a field)
+/// is written as a comment.
 class RegistroSql : public ConnectionWrapper {
  public:
   /// Raises what the file raises when it cannot be written.
@@ -27,7 +29,20 @@ class RegistroSql : public ConnectionWrapper {
   void UpdateBlob(std::string_view sql, std::string_view field,
                   std::span<const std::byte> bytes) override {
     Anotar(sql);
+    Anotar("-- " + std::string(field) + ": " + std::to_string(bytes.size()) + " bytes");
     ConnectionWrapper::UpdateBlob(sql, field, bytes);
+  }
+  void BeginTrans() override {
+    Anotar("-- BEGIN TRANSACTION");
+    ConnectionWrapper::BeginTrans();
+  }
+  void CommitTrans() override {
+    Anotar("-- COMMIT");
+    ConnectionWrapper::CommitTrans();
+  }
+  void RollbackTrans() override {
+    Anotar("-- ROLLBACK");
+    ConnectionWrapper::RollbackTrans();
   }
 
  private:

@@ -70,11 +70,12 @@ void SesionCli::Abrir(const Argumentos& argumentos) {
   SqliteOptions opciones;
   opciones.clock = [this] { return entorno_.Now(); };
   conexion_ = std::make_shared<SqliteConnection>(argumentos.baseDatos, std::move(opciones));
+  if (argumentos.registroSql) {
+    registro_ = entorno_.Create(*argumentos.registroSql);
+    conexion_ = std::make_shared<RegistroSql>(conexion_, registro_);
+  }
   empresa_ = std::make_shared<EmpresaSuite>(*conexion_, argumentos.empresa,
                                             std::filesystem::absolute(ruta).parent_path());
-  if (!argumentos.registroSql) return;
-  registro_ = entorno_.Create(*argumentos.registroSql);
-  conexion_ = std::make_shared<RegistroSql>(conexion_, registro_);
 }
 
 std::string SesionCli::Parametro(std::string_view nombre) const {

@@ -53,6 +53,16 @@ TEST_F(PedidosRecibidosCli, LosDeLaDemostracionSeTomanYLoMaloSeDice) {
   EXPECT_EQ(Veces(Orders("insertar").resultado, "; el cliente ya tenía uno de ese número\n"), 2U);
 }
 
+TEST_F(PedidosRecibidosCli, ElRegistroTieneTodoLoQueVaALaBase) {
+  const fs::path fichero = carpeta / "registro.sql";
+  fs::remove(Carpeta("Temp") / "cantidad_mala.dat");
+  EXPECT_EQ(Ejecutar({"orders", "insertar", "--registro-sql", fichero.string()}).codigo, 0);
+  const std::string registro = Contenido(fichero);
+  EXPECT_GE(Veces(registro, "-- BEGIN TRANSACTION"), 2U);
+  EXPECT_EQ(Veces(registro, "-- BEGIN TRANSACTION"), Veces(registro, "-- COMMIT"));
+  EXPECT_GE(Veces(registro, "FROM Empresas"), 1U) << "the company's own";
+}
+
 TEST_F(PedidosRecibidosCli, LosPendientesDicenPorQue) {
   SqliteConnection db(Base().string());
   db.Run(R"(
