@@ -44,10 +44,10 @@ Factura LeerFactura(const Recordset& fila) {
 Descuentos CalculaDescuentos(const Recordset& fila, Currency bruto) {
   Descuentos descuentos;
   descuentos.tasa1 = fila.Get<Currency>("Descuento1");
-  descuentos.importe1 = Redondear(Porcentaje(bruto, descuentos.tasa1), 2);
+  descuentos.importe1 = Redondear(Porcentaje(bruto, descuentos.tasa1, 4), 2);
   const auto porcentaje2 = fila.Get<Currency>("Descuento2");
   const Currency resto = bruto - descuentos.importe1;
-  descuentos.importe2 = Redondear(Porcentaje(resto, porcentaje2), 2);
+  descuentos.importe2 = Redondear(Porcentaje(resto, porcentaje2, 4), 2);
   if (bruto != Currency()) descuentos.tasa2 = ReglaDeTres(resto, porcentaje2, bruto);
   return descuentos;
 }

@@ -71,7 +71,7 @@ void EscribirImpuestos(DocumentoXml& xml, NodoXml linea, const Lineas& lineas, C
   if (lineas.gravada) {
     const Currency porcentaje = lineas.Valor(lineas.columna.impuesto);
     tasa = Numero(porcentaje, kDosDecimales);
-    cuota = Numero(Porcentaje(bruto, porcentaje), kDosDecimales);
+    cuota = Numero(Porcentaje(bruto, porcentaje, 2), kDosDecimales);
   }
   AnadirImpuesto(xml, xml.Elemento(linea, "TaxesOutputs"), tasa, Numero(bruto, kDosDecimales),
                  cuota);

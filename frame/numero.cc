@@ -12,6 +12,14 @@ namespace {
 __extension__ using Entero128 = __int128;
 
 constexpr std::int64_t kPorCiento = 100;
+constexpr std::int64_t kDecimales = 4;
+
+/// The last of so many decimals, in units.
+std::int64_t Paso(int decimales) {
+  std::int64_t paso = 1;
+  for (std::int64_t i = decimales; i < kDecimales; ++i) paso *= 10;
+  return paso;
+}
 
 Entero128 Multiplicar(Entero128 a, Entero128 b) {
   Entero128 resultado = 0;
@@ -40,7 +48,6 @@ namespace {
 /// text has another one.
 std::optional<Currency> NumeroCorriente(std::string_view texto) {
   constexpr std::size_t kMasLargo = 14;
-  constexpr std::int64_t kDecimales = 4;
   const bool negativo = texto.starts_with('-');
   if (negativo) texto.remove_prefix(1);
   if (texto.empty() || texto.size() > kMasLargo) return std::nullopt;
@@ -78,16 +85,15 @@ std::optional<Currency> NumeroRecibido(std::string_view texto) {
   }
 }
 
-Currency Producto(Currency a, Currency b) {
-  return DesdeUnidades(Dividir(Multiplicar(a.Units(), b.Units()), Currency::kScale));
-}
-
 Currency ReglaDeTres(Currency a, Currency b, Currency divisor) {
   return DesdeUnidades(Dividir(Multiplicar(a.Units(), b.Units()), divisor.Units()));
 }
 
-Currency Porcentaje(Currency importe, Currency porcentaje) {
-  return ReglaDeTres(importe, porcentaje, Currency::FromInteger(kPorCiento));
+Currency Porcentaje(Currency importe, Currency porcentaje, int decimales) {
+  const std::int64_t paso = Paso(decimales);
+  const Entero128 producto = Multiplicar(importe.Units(), porcentaje.Units());
+  return DesdeUnidades(
+      Multiplicar(Dividir(producto, Multiplicar(kPorCiento * Currency::kScale, paso)), paso));
 }
 
 double RedondearAlPar(double valor, int decimales) {
@@ -96,9 +102,7 @@ double RedondearAlPar(double valor, int decimales) {
 }
 
 Currency Redondear(Currency valor, int decimales) {
-  std::int64_t paso = 1;
-  for (int i = decimales; i < 4; ++i) paso *= 10;
-  if (paso == 1) return valor;
+  const std::int64_t paso = Paso(decimales);
   const std::int64_t resto = valor.Units() % paso;
   std::int64_t unidades = valor.Units() - resto;
   const bool arriba = (resto < 0 ? -resto : resto) * 2 >= paso;

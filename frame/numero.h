@@ -11,14 +11,12 @@
 
 namespace kvraedi {
 
-/// a * b, exact, taken to four decimals half away from zero.
-Currency Producto(Currency a, Currency b);
-
 /// a * b / divisor, exact, taken to four decimals half away from zero. The divisor is not zero.
 Currency ReglaDeTres(Currency a, Currency b, Currency divisor);
 
-/// a percentage of an amount, exact, taken to four decimals half away from zero.
-Currency Porcentaje(Currency importe, Currency porcentaje);
+/// a percentage of an amount, exact, taken to so many decimals (0 to 4) half away from zero: four
+/// for what is money afterwards, those of its form for what is only written.
+Currency Porcentaje(Currency importe, Currency porcentaje, int decimales);
 
 /// The suite's rounding: to `decimales` (0 to 4) decimals, halves away from zero.
 Currency Redondear(Currency valor, int decimales);

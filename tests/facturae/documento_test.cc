@@ -109,7 +109,7 @@ class Cambios : public EscenarioFacturae {
   void Con(const std::string& cambio, const Comprobar& comprobar) {
     SCOPED_TRACE(cambio.substr(0, 200));
     base->BeginTrans();
-    base->Execute(cambio);
+    base->Run(cambio);
     comprobar();
     base->RollbackTrans();
   }
@@ -121,6 +121,7 @@ const std::string kNifComprador = kComprador + "TaxIdentification/TaxIdentificat
 const std::string kVendedor = "Parties/SellerParty/";
 const std::string kDireccion = "LegalEntity/AddressInSpain/";
 const std::string kLinea = "//InvoiceLine/";
+const std::string kCuotaLinea = kLinea + "TaxesOutputs/Tax/TaxAmount/TotalAmount";
 const std::string kTasaLinea = kLinea + "TaxesOutputs/Tax/TaxRate";
 
 std::string Equis(std::size_t cuantas) { return std::string(cuantas, 'x'); }
@@ -168,6 +169,14 @@ TEST_F(Cambios, CadaCampoSegunSuColumna) {
       {"Facturas SET Fecha = '31/12/2009'", kTasaLinea, "0.00"},
       {"Facturas SET Impuestos = -7", "//TotalTaxOutputs", "0.00"},
       {"Facturas SET Total = -1234567.895", "//InvoiceTotal", "-1234567.90"},
+      {"Facturas_Lineas SET Precio = 165.21, Unidades = 1; UPDATE Igic_Tipos SET Imp_Valor = 9.5",
+       kCuotaLinea, "15.69"},  // 15.69495
+      {"Facturas_Lineas SET Precio = -165.21, Unidades = 1; UPDATE Igic_Tipos SET Imp_Valor = 9.5",
+       kCuotaLinea, "-15.69"},
+      {"Facturas_Lineas SET Precio = 0.02, Unidades = 1; UPDATE Igic_Tipos SET Imp_Valor = 24.9999",
+       kCuotaLinea, "0.00"},  // 0.00499998
+      {"Facturas_Lineas SET Precio = 0.02, Unidades = 1; UPDATE Igic_Tipos SET Imp_Valor = 25",
+       kCuotaLinea, "0.01"},
       {"Facturas_Impuestos SET Codigo = 124", "//Invoice/TaxesOutputs/Tax/TaxAmount/TotalAmount",
        "0.00"}};
   for (const auto& [cambio, xpath, texto] : casos) {

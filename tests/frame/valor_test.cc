@@ -49,7 +49,7 @@ TEST(Currency, ArithmeticNeverWraps) {
   EXPECT_THROW(most + Currency::FromUnits(1), Error);
   EXPECT_THROW(Currency() - most - Currency::FromUnits(2), Error);
   EXPECT_THROW(Currency::FromInteger(922337203685478), Error);
-  EXPECT_THROW(Producto(most, most), Error);
+  EXPECT_THROW(ReglaDeTres(most, most, Currency::FromInteger(1)), Error);
   EXPECT_THROW(ImporteConDescuento(most, most, most), Error);
 }
 
@@ -60,8 +60,8 @@ TEST(Rounding, TakesHalvesAwayFromZero) {
   EXPECT_EQ(Redondear(Of("-1.0005"), 3), Of("-1.001"));
   EXPECT_EQ(Redondear(Of("1.0004"), 3), Of("1"));
   EXPECT_EQ(Redondear(Of("2.5"), 0), Of("3"));
-  EXPECT_EQ(Producto(Of("0.0001"), Of("0.5")), Of("0.0001"));
-  EXPECT_EQ(Producto(Of("-3.3333"), Of("3")), Of("-9.9999"));
+  EXPECT_EQ(ReglaDeTres(Of("0.0001"), Of("0.5"), Of("1")), Of("0.0001"));
+  EXPECT_EQ(ReglaDeTres(Of("-3.3333"), Of("3"), Of("1")), Of("-9.9999"));
 }
 
 TEST(Rounding, NetLineAmountIsComputedExactly) {
