@@ -74,7 +74,7 @@ class LectorDeDatos {
     const auto otro = numero(b);
     const auto rebaja = porcentaje.empty() ? Currency() : numero(porcentaje);
     if (!factor || !otro || !rebaja) return std::nullopt;
-    return Presentar(campo, ProductoRebajado(*factor, *otro, *rebaja));
+    return Presentar(campo, ProductoRebajado(*factor, *otro, *rebaja, campo));
   }
 
   Connection& conexion_;

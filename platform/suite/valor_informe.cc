@@ -17,6 +17,13 @@ std::string Relleno(std::string digitos, std::size_t ancho) {
   return digitos;
 }
 
+/// The last of so many decimals, in units.
+std::int64_t Paso(int decimales) {
+  std::int64_t paso = 1;
+  for (int i = decimales; i < kDecimales; ++i) paso *= 10;
+  return paso;
+}
+
 std::string CantidadEscrita(Currency valor) {
   std::string texto = NumeroEscrito(valor, kDecimales);
   texto.erase(texto.find_last_not_of('0') + 1);
@@ -40,6 +47,20 @@ std::string SinRetornos(std::string_view texto) {
   return limpio;
 }
 
+/// Whether the field has to do with numbers at all; a bank account is digits and no number.
+bool PideNumero(const CampoInforme& campo) {
+  return campo.formato != FormatoCampo::kTexto || campo.validez != ValidezCampo::kTodos;
+}
+
+/// The text as a number; nothing also when it is too large for one.
+std::optional<Currency> NumeroQueCabe(std::string_view texto) {
+  try {
+    return NumeroDe(texto);
+  } catch (const Error&) {
+    return std::nullopt;
+  }
+}
+
 bool Vale(Currency numero, ValidezCampo validez) {
   if (validez == ValidezCampo::kPositivos) return numero > Currency();
   return validez == ValidezCampo::kTodos || numero != Currency();
@@ -53,12 +74,14 @@ std::optional<Currency> NumeroDe(std::string_view texto) {
   return Currency::Parse(numero);
 }
 
-Currency ProductoRebajado(Currency a, Currency b, Currency porcentaje) {
+Currency ProductoRebajado(Currency a, Currency b, Currency porcentaje, const CampoInforme& campo) {
   constexpr std::int64_t kCien = 100 * Currency::kScale;
-  constexpr std::int64_t kDivisor = kCien * Currency::kScale;
+  const bool fijos = campo.formato == FormatoCampo::kNumero;
+  const std::int64_t paso = Paso(fijos ? campo.decimales : kDecimales);
+  const std::int64_t divisor = kCien * Currency::kScale * paso;
   Entero128 unidades = static_cast<Entero128>(a.Units()) * b.Units();
   if (__builtin_mul_overflow(unidades, kCien - porcentaje.Units(), &unidades)) ThrowOverflow();
-  unidades = (unidades + (unidades < 0 ? -kDivisor : kDivisor) / 2) / kDivisor;
+  unidades = (unidades + (unidades < 0 ? -divisor : divisor) / 2) / divisor * paso;
   if (unidades != static_cast<std::int64_t>(unidades)) ThrowOverflow();
   return Currency::FromUnits(static_cast<std::int64_t>(unidades));
 }
@@ -67,8 +90,7 @@ std::string NumeroEscrito(Currency valor, int decimales) {
   const bool negativo = valor.Units() < 0;
   auto unidades = static_cast<std::uint64_t>(valor.Units());
   if (negativo) unidades = ~unidades + 1;
-  std::uint64_t divisor = 1;
-  for (int i = decimales; i < kDecimales; ++i) divisor *= 10;
+  const auto divisor = static_cast<std::uint64_t>(Paso(decimales));
   const auto ancho = static_cast<std::size_t>(decimales);
   std::string texto = Relleno(std::to_string((unidades + divisor / 2) / divisor), ancho + 1);
   const bool cero = texto.find_first_not_of('0') == std::string::npos;
@@ -84,7 +106,7 @@ std::string NumeroEscrito(Currency valor, int decimales) {
 std::optional<std::string> Presentar(const CampoInforme& campo, std::string_view texto) {
   if (texto.empty()) return std::nullopt;
   if (campo.formato == FormatoCampo::kFecha) return FechaEscrita(texto);
-  const auto numero = NumeroDe(texto);
+  const auto numero = PideNumero(campo) ? NumeroQueCabe(texto) : std::nullopt;
   const bool esTexto = !numero || campo.formato == FormatoCampo::kTexto;
   if (!esTexto) return Presentar(campo, *numero);
   if (numero && !Vale(*numero, campo.validez)) return std::nullopt;

@@ -109,6 +109,22 @@ TEST_F(InformesTest, FillsItsLayoutWithFilteredLinkedAndEscapedRows) {
             "(uno 1.234,5 3  no es un número 3.703,50)(dos -1,5 0 10%  -0,01)");
 }
 
+TEST_F(InformesTest, OnlyWhatAsksForANumberIsReadAsOne) {
+  const auto informe = Abrir(
+      "tabla Lineas\ncampos Texto, Nota:2, Linea:t?, Unidades, Precio, Rebaja\n"
+      "campos Importe:2=Unidades*Precio-Rebaja%\n---\n"
+      "{{#Lineas}}{{Texto}} {{Nota}} {{#Linea}}{{Linea}} {{/Linea}}{{Importe}};{{/Lineas}}");
+  db->Execute("DELETE FROM Lineas");
+  for (const char* valores : {"0, '12345678901234567890', '99999999999999999', 1, 165.21, 90.5",
+                              "7, '1E30', '1E30', 2, 0.0025, 0.02"}) {
+    db->Execute(std::string("INSERT INTO Lineas (Linea, Texto, Nota, Unidades, Precio, Rebaja)"
+                            " VALUES (") +
+                valores + ")");
+  }
+  EXPECT_EQ(informe->Documento().html,
+            "12345678901234567890 99999999999999999 15,69;1E30 1E30 7 0,00;");
+}
+
 TEST_F(InformesTest, ReadsTablesWhereTheyArePointedAt) {
   const auto informe = Abrir(kPlantilla);
   db->Execute(
