@@ -10,6 +10,7 @@
 #include "frame/avisos.h"
 #include "frame/carpeta_anexos.h"
 #include "frame/fichero_provisional.h"
+#include "frame/formato.h"
 #include "frame/puertos.h"
 #include "frame/ruta.h"
 #include "frame/sesion.h"
@@ -56,31 +57,63 @@ void GuardarDocumento(DocumentoXml& xml, const fs::path& fichero) {
   provisional.Publicar(fichero);
 }
 
-/// Records the sending that the answer confirms. What can be wrong with the answer shows before
-/// anything is deleted.
-void RegistrarEnvio(const ClaveDocumento& clave, const RespuestaFirma& respuesta,
-                    const fs::path& sinFirmar, facturae::RegistroRespuestas& registro) {
+/// An error with the answer that it leaves unrecorded.
+std::string ConRespuesta(const Error& error, const RespuestaFirma& respuesta) {
+  return error.Description() + ". Respuesta del firmador: " + respuesta.Texto();
+}
+
+/// Records the sending that the answer confirms and gives back its line of the log. What can be
+/// wrong with the answer shows before anything is deleted.
+std::string RegistrarEnvio(const ClaveDocumento& clave, const RespuestaFirma& respuesta,
+                           const fs::path& sinFirmar) {
   const auto datos = respuesta.Registro();
   const std::string insercion = facturae::InsertarEnvio(clave, facturae::Estado(), datos);
   EntornoActual().Delete(sinFirmar);
   ConexionActual().Execute(facturae::BorrarEnvios(clave));
   ConexionActual().Execute(insercion);
-  registro.Anotar(" Código Registro: " + datos.registro + " Código Seguimiento: " +
-                  datos.seguimiento + ", Fecha Registro: " + datos.fechaTexto);
+  return " Código Registro: " + datos.registro + " Código Seguimiento: " + datos.seguimiento +
+         ", Fecha Registro: " + datos.fechaTexto;
+}
+
+/// What an answer leads to: the line of the log, "" for none.
+std::string Atender(const Encargo& encargo, const RespuestaFirma& respuesta,
+                    const fs::path& sinFirmar) {
+  if (respuesta.Vacia()) return " Error: El programa de envío al WS ha fallado";
+  if (!respuesta.Conforme()) return " Error: " + respuesta.Texto();
+  return encargo.exportar ? "" : RegistrarEnvio(encargo.clave, respuesta, sinFirmar);
 }
 
 bool AtenderRespuesta(const Encargo& encargo, const RespuestaFirma& respuesta,
                       const fs::path& sinFirmar, const fs::path& trabajo) {
   facturae::RegistroRespuestas registro(trabajo / "respuesta.txt");
-  if (respuesta.Vacia()) {
-    registro.Anotar(" Error: El programa de envío al WS ha fallado");
-  } else if (!respuesta.Conforme()) {
-    registro.Anotar(" Error: " + respuesta.Texto());
-  } else if (!encargo.exportar) {
-    RegistrarEnvio(encargo.clave, respuesta, sinFirmar, registro);
+  try {
+    const std::string linea = Atender(encargo, respuesta, sinFirmar);
+    if (!linea.empty()) registro.Anotar(linea);
+  } catch (const Error& error) {
+    registro.Anotar(" Error: " + ConRespuesta(error, respuesta));
+    throw;
   }
   registro.Cerrar();
   return respuesta.Conforme();
+}
+
+/// What the service answered must not be lost with an error.
+bool Concluir(const Encargo& encargo, const RespuestaFirma& respuesta, const fs::path& sinFirmar,
+              const fs::path& trabajo) {
+  constexpr std::size_t kCaracteresDeCaja = 1000;  // all of it stands in the log
+  try {
+    return AtenderRespuesta(encargo, respuesta, sinFirmar, trabajo);
+  } catch (const Error& error) {
+    const std::string texto = ConRespuesta(error, respuesta);
+    throw Error(error.Number(), error.Source(),
+                std::string(PrimerosCaracteres(texto, kCaracteresDeCaja)));
+  }
+}
+
+void AvisarPeticion(const fs::path& peticion) {
+  Avisar("No se ha podido borrar " + TextoRuta(peticion) +
+             ", que lleva la contraseña del certificado. Bórrelo.",
+         "¡ Atención !", ui::Icon::kExclamation);
 }
 
 bool Generar(const Encargo& encargo) {
@@ -103,17 +136,14 @@ bool Generar(const Encargo& encargo) {
            ui::Icon::kInformation);
     return false;
   }
+  facturae::FicheroSecreto entrada(EntornoActual(), trabajo / "entrada.xml");
   const RespuestaFirma respuesta =
-      facturae::Firmar(*xml, trabajo,
+      facturae::Firmar(*xml, entrada, trabajo / "salida.xml",
                        {sinFirmar, carpetas.firmado / (estado.identificadorLote + ".xsig"),
                         certificado, encargo.exportar, estado.emailEmisor});
-  try {
-    return AtenderRespuesta(encargo, respuesta, sinFirmar, trabajo);
-  } catch (const Error& error) {
-    // What the receiving service answered must not be lost with the error.
-    throw Error(error.Number(), error.Source(),
-                error.Description() + ". Respuesta del firmador: " + respuesta.Texto());
-  }
+  const bool conforme = Concluir(encargo, respuesta, sinFirmar, trabajo);
+  if (!entrada.Retirar()) AvisarPeticion(entrada.Ruta());
+  return conforme;
 }
 
 }  // namespace

@@ -15,32 +15,6 @@ constexpr std::string_view kPolitica =
     "politica_de_firma_formato_facturae_v3_1.pdf";
 constexpr std::string_view kHashPolitica = "Ohixl6upD6av8N7pEvDABhEL6hM=";
 
-/// A file that must not be left behind: it goes with the object, unless it was removed before.
-class FicheroSecreto {
- public:
-  /// One that an interrupted run left there goes first.
-  FicheroSecreto(Entorno& entorno, fs::path ruta) : entorno_(entorno), ruta_(std::move(ruta)) {
-    Retirar();
-  }
-  ~FicheroSecreto() {
-    try {
-      Retirar();
-    } catch (const Error&) {  // the error that leads here is the one to tell
-    }
-  }
-  FicheroSecreto(const FicheroSecreto&) = delete;
-  FicheroSecreto& operator=(const FicheroSecreto&) = delete;
-
-  const fs::path& Ruta() const { return ruta_; }
-  void Retirar() {
-    if (entorno_.FileExists(ruta_)) entorno_.Delete(ruta_);
-  }
-
- private:
-  Entorno& entorno_;
-  fs::path ruta_;
-};
-
 void EscribirPeticion(DocumentoXml& xml, const PeticionFirma& peticion, const fs::path& fichero) {
   xml.Nuevo();
   const NodoXml entrada = xml.CrearRaiz("entrada");
@@ -56,19 +30,38 @@ void EscribirPeticion(DocumentoXml& xml, const PeticionFirma& peticion, const fs
   xml.Guardar(fichero, AccesoFichero::kSoloPropietario);
 }
 
+/// The answer, or what was left instead of one.
 RespuestaFirma LeerRespuesta(DocumentoXml& xml, const fs::path& fichero) {
   Entorno& entorno = EntornoActual();
-  if (!entorno.FileExists(fichero) || entorno.ReadFile(fichero).empty()) return RespuestaFirma("");
-  xml.Cargar(fichero);
+  const RespuestaFirma bruta(entorno.FileExists(fichero) ? entorno.ReadFile(fichero) : "");
+  if (bruta.Vacia()) return bruta;
+  try {
+    xml.Cargar(fichero);
+  } catch (const Error& error) {
+    return {bruta.Texto(), error.Description()};
+  }
   return RespuestaFirma(xml.LeerTexto("nombre"));
 }
 
 }  // namespace
 
-RespuestaFirma Firmar(DocumentoXml& xml, const fs::path& trabajo, const PeticionFirma& peticion) {
+FicheroSecreto::FicheroSecreto(Entorno& entorno, fs::path ruta)
+    : entorno_(entorno), ruta_(std::move(ruta)) {
+  if (entorno_.FileExists(ruta_)) entorno_.Delete(ruta_);
+}
+
+bool FicheroSecreto::Retirar() noexcept {
+  try {
+    if (entorno_.FileExists(ruta_)) entorno_.Delete(ruta_);
+    return true;
+  } catch (const Error&) {
+    return false;
+  }
+}
+
+RespuestaFirma Firmar(DocumentoXml& xml, FicheroSecreto& entrada, const fs::path& salida,
+                      const PeticionFirma& peticion) {
   Entorno& entorno = EntornoActual();
-  const fs::path salida = trabajo / "salida.xml";
-  FicheroSecreto entrada(entorno, trabajo / "entrada.xml");
   EscribirPeticion(xml, peticion, entrada.Ruta());
   if (entorno.FileExists(salida)) entorno.Delete(salida);
   EsperaProceso(

@@ -18,10 +18,29 @@ struct PeticionFirma {
   std::string email;      ///< the seller's
 };
 
-/// Has a document signed: writes the request into the work folder, starts the signing program and
-/// waits until it ends. The request, which holds the password, is there for its owner only and no
-/// longer than that. No answer is the empty one; one that cannot be read raises `Error`.
-RespuestaFirma Firmar(DocumentoXml& xml, const std::filesystem::path& trabajo,
-                      const PeticionFirma& peticion);
+/// A file that must not be left behind: it goes with the object, unless it was removed before.
+class FicheroSecreto {
+ public:
+  /// One that an interrupted run left there goes first.
+  FicheroSecreto(Entorno& entorno, std::filesystem::path ruta);
+  ~FicheroSecreto() { Retirar(); }
+  FicheroSecreto(const FicheroSecreto&) = delete;
+  FicheroSecreto& operator=(const FicheroSecreto&) = delete;
+
+  const std::filesystem::path& Ruta() const { return ruta_; }
+  /// Whether it is gone.
+  bool Retirar() noexcept;
+
+ private:
+  Entorno& entorno_;
+  std::filesystem::path ruta_;
+};
+
+/// Has a document signed: writes the request, starts the signing program and waits until it ends.
+/// The request, which holds the password, is there for its owner only and no longer than that; that
+/// it could not be removed keeps nobody from reading the answer. The answer lies in `salida`; none
+/// is the empty one.
+RespuestaFirma Firmar(DocumentoXml& xml, FicheroSecreto& entrada,
+                      const std::filesystem::path& salida, const PeticionFirma& peticion);
 
 }  // namespace kvraedi::facturae

@@ -1,13 +1,27 @@
 #include "facturae/registro_envio.h"
 
+#include <string>
+
 #include "frame/codigo1252.h"
 #include "frame/formato.h"
 #include "frame/puertos.h"
 #include "frame/sesion.h"
 #include "frame/sql.h"
+#include "kvraedi/error.h"
 
 namespace kvraedi::facturae {
 namespace {
+
+/// The length of a UTF-8 text as the database counts it.
+std::size_t CaracteresUtf16(std::string_view texto) {
+  std::size_t unidades = 0;
+  for (const char c : texto) {
+    const auto byte = static_cast<unsigned char>(c);
+    const bool continua = (byte & 0xC0U) == 0x80U;
+    unidades += continua ? 0 : byte >= 0xF0U ? 2 : 1;
+  }
+  return unidades;
+}
 
 std::string ClaveFactura(const ClaveDocumento& clave) {
   return Sql(EmpresaActual().CodigoEmpresa(), ", ", clave.ejercicio, ", ", clave.serie, ", ",
@@ -17,6 +31,18 @@ std::string ClaveFactura(const ClaveDocumento& clave) {
 std::string ClaveTicket(const ClaveDocumento& clave, const std::string& fecha) {
   return Sql(EmpresaActual().CodigoEmpresa(), ", ", clave.almacenFT, ", ", clave.cajaFT, ", ",
              SqlTexto{fecha}, ", ", clave.codigoFT);
+}
+
+/// Codes of the receiving service in one column. One that is too long must show before the earlier
+/// record is deleted: the database would tell only afterwards.
+SqlTexto NumeroRegistro(const std::string& numero) {
+  constexpr std::size_t kAncho = 100;  // nvarchar(100) in the suite's schema
+  if (CaracteresUtf16(numero) > kAncho) {
+    throw Error(kErrorDatabase, "modFactura_E",
+                "Los códigos de registro y seguimiento no caben en los " + std::to_string(kAncho) +
+                    " caracteres de EDINumeroRegistro");
+  }
+  return SqlTexto{numero};
 }
 
 }  // namespace
@@ -60,8 +86,8 @@ std::string InsertarEnvio(const ClaveDocumento& clave, const EstadoFacturaE& est
                    " EDIFichero, EDINumeroRegistro, EDIFechaRegistro, Revision) ",
              " VALUES (3 , 1,", estado.identificadorLote, ", GETDATE(), ",
              clave.EsTicket() ? ClaveTicket(clave, FechaTexto(clave.fechaFT)) : ClaveFactura(clave),
-             ", 1, ", SqlTexto{estado.identificadorLote + ".xsig"}, ", ", SqlTexto{numero}, ", ",
-             SqlTexto{FechaTexto(datos.fecha)}, ", ", estado.revisionUsada, ")");
+             ", 1, ", SqlTexto{estado.identificadorLote + ".xsig"}, ", ", NumeroRegistro(numero),
+             ", ", SqlTexto{FechaTexto(datos.fecha)}, ", ", estado.revisionUsada, ")");
 }
 
 }  // namespace kvraedi::facturae

@@ -1,17 +1,39 @@
 #include "facturae/respuesta_firma.h"
 
-#include <optional>
+#include <algorithm>
+#include <array>
 
+#include "facturae/fecha_registro.h"
 #include "kvraedi/error.h"
 
 namespace kvraedi::facturae {
 namespace {
 
-constexpr std::string_view kBlancos = " \t\r\n";
+[[noreturn]] void Fallar(std::string texto) {
+  throw Error(kErrorTypeMismatch, "modFactura_E", std::move(texto));
+}
+
+/// The text without what shows nothing at its ends: blanks, line ends, a byte order mark.
+std::string_view SinBordes(std::string_view texto) {
+  constexpr std::array<std::string_view, 9> kBlancos = {" ",  "\t",      "\r",     "\n",    "\v",
+                                                        "\f", {"\0", 1}, "\u00A0", "\uFEFF"};
+  for (bool sigue = true; sigue;) {
+    sigue = false;
+    for (const std::string_view blanco : kBlancos) {
+      if (texto.starts_with(blanco)) {
+        texto.remove_prefix(blanco.size());
+        sigue = true;
+      } else if (texto.ends_with(blanco)) {
+        texto.remove_suffix(blanco.size());
+        sigue = true;
+      }
+    }
+  }
+  return texto;
+}
 
 std::vector<std::string> Partir(std::string_view texto) {
   std::vector<std::string> elementos;
-  if (texto.empty()) return elementos;
   for (std::size_t coma = texto.find(','); coma != std::string_view::npos; coma = texto.find(',')) {
     elementos.emplace_back(texto.substr(0, coma));
     texto.remove_prefix(coma + 1);
@@ -20,27 +42,24 @@ std::vector<std::string> Partir(std::string_view texto) {
   return elementos;
 }
 
-/// A date with blanks around it or not. The empty text is no date here.
-std::optional<FechaHora> LeerFecha(std::string_view texto) {
-  const std::size_t inicio = texto.find_first_not_of(kBlancos);
-  if (inicio == std::string_view::npos) return std::nullopt;
-  return FechaHora::Parse(texto.substr(inicio, texto.find_last_not_of(kBlancos) + 1 - inicio));
-}
-
 }  // namespace
 
-RespuestaFirma::RespuestaFirma(std::string_view texto) : texto_(texto), elementos_(Partir(texto)) {}
+RespuestaFirma::RespuestaFirma(std::string_view texto)
+    : texto_(SinBordes(texto)), elementos_(Partir(texto_)) {}
+
+RespuestaFirma::RespuestaFirma(std::string_view restos, std::string_view defecto)
+    : texto_(SinBordes(restos)), defecto_(defecto) {}
+
+bool RespuestaFirma::Conforme() const {
+  if (!defecto_.empty()) Fallar(defecto_);
+  return SinBordes(elementos_.front()) == "OK";
+}
 
 DatosRegistro RespuestaFirma::Registro() const {
   constexpr std::size_t kElementos = 4;
-  if (elementos_.size() < kElementos) {
-    throw Error(kErrorTypeMismatch, "modFactura_E", "La respuesta del firmador está incompleta");
-  }
-  const auto fecha = LeerFecha(elementos_[3]);
-  if (!fecha) {
-    throw Error(kErrorTypeMismatch, "modFactura_E",
-                "La fecha de registro de la respuesta del firmador no es una fecha");
-  }
+  if (elementos_.size() < kElementos) Fallar("La respuesta del firmador está incompleta");
+  const auto fecha = LeerFechaRegistro(SinBordes(elementos_[3]));
+  if (!fecha) Fallar("La fecha de registro de la respuesta del firmador no es una fecha");
   return {elementos_[1], elementos_[2], elementos_[3], *fecha};
 }
 

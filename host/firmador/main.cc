@@ -100,7 +100,7 @@ void Atender(const fs::path& carpeta, std::string_view modo) {
   if (modo == "vacio") return Escribir(carpeta / "salida.xml", "");
   if (modo == "basura") return Escribir(carpeta / "salida.xml", "<salida><nombre>OK,R1");
   if (modo == "rechaza") return Responder(carpeta, "ERROR,El certificado ha caducado");
-  constexpr std::string_view kTarda = "tarda:", kResponde = "responde:";
+  constexpr std::string_view kTarda = "tarda:", kResponde = "responde:", kDeja = "deja:";
   if (modo.starts_with(kTarda)) {
     int segundos = 0;
     std::from_chars(modo.data() + kTarda.size(), modo.data() + modo.size(), segundos);
@@ -111,7 +111,9 @@ void Atender(const fs::path& carpeta, std::string_view modo) {
   const pugi::xml_node peticion = LeerPeticion(documento, carpeta);
   const fs::path firmado = peticion.child_value("rutaXMLFirmada");
   Firmar(peticion.child_value("rutaXML"), firmado);
-  if (modo.starts_with(kResponde)) {
+  if (modo.starts_with(kDeja)) {
+    fs::copy_file(modo.substr(kDeja.size()), carpeta / "salida.xml");
+  } else if (modo.starts_with(kResponde)) {
     Responder(carpeta, std::string(modo.substr(kResponde.size())));
   } else {
     Responder(carpeta, modo == "corto" ? "OK,R123" : Conforme(firmado.stem().string()));

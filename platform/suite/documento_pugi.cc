@@ -76,7 +76,12 @@ void DocumentoPugi::Guardar(const std::filesystem::path& fichero, AccesoFichero 
 void DocumentoPugi::Cargar(const std::filesystem::path& fichero) {
   documento_.reset();
   const std::string bytes = entorno_.ReadFile(fichero);
-  if (documento_.load_buffer(bytes.data(), bytes.size())) return;
+  const auto utf8 = Desde1252(bytes);  // the library does not know that code page
+  const pugi::xml_parse_result leido =
+      utf8 ? documento_.load_buffer(utf8->data(), utf8->size(), pugi::parse_default,
+                                    pugi::encoding_utf8)
+           : documento_.load_buffer(bytes.data(), bytes.size());
+  if (leido) return;
   documento_.reset();
   const std::u8string nombre = fichero.u8string();
   throw Error(kErrorFile, "DocumentoXml",
@@ -88,9 +93,7 @@ std::string DocumentoPugi::LeerTexto(std::string_view nombre) const {
   const pugi::xml_node elemento = documento_.find_node([nombre](pugi::xml_node nodo) {
     return nodo.type() == pugi::node_element && nombre == nodo.name();
   });
-  std::string texto;
-  for (const pugi::xml_node hijo : elemento.children()) texto += hijo.value();
-  return texto;
+  return elemento ? pugi::xpath_query("string()").evaluate_string(elemento) : std::string();
 }
 
 }  // namespace kvraedi::suite

@@ -1,6 +1,10 @@
 #include "platform/suite/texto_xml.h"
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
+
+#include "platform/suite/texto_sql.h"
 
 namespace kvraedi::suite {
 namespace {
@@ -34,7 +38,61 @@ Caracter PrimerCaracter(std::string_view texto) {
   return masLargoDeLoDebido ? Caracter{} : Caracter{punto, bytes};
 }
 
+bool EsUtf8(std::string_view texto) {
+  while (!texto.empty()) {
+    const Caracter caracter = PrimerCaracter(texto);
+    if (caracter.punto == kInvalido) return false;
+    texto.remove_prefix(caracter.bytes);
+  }
+  return true;
+}
+
+/// A byte order mark, or the zero bytes of an encoding of two or four bytes a character.
+bool DiceSuCodificacion(std::string_view bytes) {
+  for (const std::string_view marca : {"\xEF\xBB\xBF", "\xFF\xFE", "\xFE\xFF"}) {
+    if (bytes.starts_with(marca)) return true;
+  }
+  return bytes.substr(0, 4).find('\0') != std::string_view::npos;
+}
+
+bool Declara1252(std::string_view bytes) {
+  if (!bytes.starts_with("<?xml")) return false;
+  std::string declaracion(bytes.substr(0, bytes.find("?>")));
+  std::transform(declaracion.begin(), declaracion.end(), declaracion.begin(), Minuscula);
+  for (const char* nombre : {"windows-1252", "cp1252", "iso-8859-1"}) {
+    if (declaracion.find(nombre) != std::string::npos) return true;
+  }
+  return false;
+}
+
+/// A byte from 0x80 on. One that the code page lacks is the control character of its number.
+std::string_view Caracter1252(unsigned char byte) {
+  constexpr unsigned char kPrimero = 0x80;
+  constexpr std::array<std::string_view, 32> kAltos = {
+      "€", "\xC2\x81", "‚",        "ƒ", "„",        "…",        "†", "‡",        "ˆ", "‰", "Š",
+      "‹", "Œ",        "\xC2\x8D", "Ž", "\xC2\x8F", "\xC2\x90", "‘", "’",        "“", "”", "•",
+      "–", "—",        "˜",        "™", "š",        "›",        "œ", "\xC2\x9D", "ž", "Ÿ"};
+  return kAltos[static_cast<std::size_t>(byte - kPrimero)];
+}
+
 }  // namespace
+
+std::optional<std::string> Desde1252(std::string_view bytes) {
+  if (DiceSuCodificacion(bytes) || (!Declara1252(bytes) && EsUtf8(bytes))) return std::nullopt;
+  std::string texto;
+  for (const char c : bytes) {
+    const auto byte = static_cast<unsigned char>(c);
+    if (byte < 0x80) {
+      texto += c;
+    } else if (byte < 0xA0) {
+      texto += Caracter1252(byte);
+    } else {
+      texto += byte < 0xC0 ? '\xC2' : '\xC3';
+      texto += static_cast<char>(byte < 0xC0 ? byte : byte - 0x40);
+    }
+  }
+  return texto;
+}
 
 TextoXml::TextoXml(std::string_view texto) : original_(texto) {
   for (std::size_t i = 0; i < texto.size();) {

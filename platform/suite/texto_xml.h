@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -18,5 +19,9 @@ class TextoXml {
   std::string copia_;
   bool sucio_ = false;
 };
+
+/// An XML file in UTF-8 when it is one of code page 1252, by its declaration or because its bytes
+/// are not UTF-8; nothing for any other.
+std::optional<std::string> Desde1252(std::string_view bytes);
 
 }  // namespace kvraedi::suite
