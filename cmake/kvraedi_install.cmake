@@ -10,7 +10,7 @@ install(EXPORT kvraedi NAMESPACE kvraedi:: FILE kvraedi-targets.cmake
 
 # The adapters that were built, and so can be asked for as components of the package.
 set(KVRAEDI_COMPONENTS)
-foreach(adapter headless os suite sqlite qt)
+foreach(adapter headless os suite sqlite odbc qt)
   if(TARGET kvraedi_${adapter})
     list(APPEND KVRAEDI_COMPONENTS ${adapter})
   endif()
