@@ -7,6 +7,7 @@
 #include "host/desktop/pictures.h"
 #include "kvraedi/adaptadores.h"
 #include "kvraedi/error.h"
+#include "platform/qt/qt_messages.h"
 #include "platform/qt/qt_toolkit.h"
 
 namespace kvraedi::desktop {
@@ -64,6 +65,7 @@ std::shared_ptr<frmPrincipal> OpenMain(const DesktopSession& session) {
 }  // namespace
 
 int RunDesktop(const DesktopSession& session) {
+  QuietQtMessages();
   ChooseScreen(!session.pictures);
   int argc = 1;
   char program[] = "kvraedi";
