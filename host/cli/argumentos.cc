@@ -3,19 +3,19 @@
 #include <array>
 #include <string_view>
 
+#include "host/cli/conexion_cli.h"
 #include "host/cli/valores.h"
 #include "host/demo/crear_demo.h"
 
 namespace kvraedi::cli {
 namespace {
 
-constexpr std::string_view kEsquemaSqlite = "sqlite:";
-
+/// What was given instead is not shown: it may hold a password.
 void PonerConexion(Argumentos& argumentos, const std::string& valor) {
-  if (!valor.starts_with(kEsquemaSqlite) || valor.size() == kEsquemaSqlite.size()) {
-    SeEsperaba("sqlite:RUTA", valor);
+  if (!EsConexion(valor)) {
+    throw Fallo(kUsoErroneo, "se esperaba sqlite:RUTA, odbc:CADENA u odbc:@FICHERO");
   }
-  argumentos.baseDatos = valor.substr(kEsquemaSqlite.size());
+  argumentos.conexion = valor;
 }
 
 void PonerAhora(Argumentos& argumentos, const std::string& valor) {
@@ -35,7 +35,10 @@ void PonerFactura(Argumentos& argumentos, const std::string& valor) {
 }
 
 constexpr Opcion kComunes[] = {
-    {"--conexion", "sqlite:RUTA", "Base de datos (sqlite:demo/kvraedi.db)", PonerConexion},
+    {"--conexion", "DESTINO",
+     "Base de datos: sqlite:RUTA, odbc:CADENA, u odbc:@FICHERO si la cadena está en un fichero"
+     " (la de la variable KVRAEDI_CONEXION o, sin ella, sqlite:demo/kvraedi.db)",
+     PonerConexion},
     {"--empresa", "N", "Código de la empresa (1)",
      [](Argumentos& a, const std::string& v) { a.empresa = EnteroDesde<std::int16_t>(v, 1); }},
     {"--registro-sql", "FICHERO",

@@ -17,7 +17,7 @@ namespace kvraedi::cli {
 
 /// What the command line says, with the defaults of what it does not say.
 struct Argumentos {
-  std::string baseDatos = "demo/kvraedi.db";
+  std::string conexion;  ///< as AbrirConexion takes it
   std::int16_t empresa = 1;
   std::optional<std::string> registroSql;
   OpcionesEntorno entorno;

@@ -8,14 +8,14 @@
 #include "host/cli/fallo.h"
 #include "host/cli/ordenes.h"
 #include "host/cli/sesion_cli.h"
+#include "host/cli/ultima_identidad.h"
 #include "kvraedi/clsDesadv.h"
 
 namespace kvraedi::cli {
 namespace {
 
-std::int32_t UltimaCompra(Connection& conexion) {
-  return conexion.Open("SELECT ISNULL(MAX(ID), 0) AS ID FROM Compras_Mini")
-      ->Get<std::int32_t>("ID");
+std::optional<std::int32_t> UltimaCompra(Connection& conexion) {
+  return UltimaIdentidad(conexion, "SELECT ISNULL(MAX(ID), 0) AS ID FROM Compras_Mini");
 }
 
 void EscribirCompras(Connection& conexion, std::int32_t desde, std::ostream& salida) {
@@ -59,7 +59,7 @@ int EjecutarDesadvInsertar(const Argumentos& argumentos, const Salida& salida) {
   const std::string raizTexto = sesion.Parametro("EDI_PathFichRecibir");
   const std::filesystem::path raiz = std::u8string(raizTexto.begin(), raizTexto.end());
   const EntradasLog log(entorno, raiz / "OrmoPCCOM.log");
-  const std::int32_t ultima = UltimaCompra(*sesion.Conexion());
+  const auto ultima = UltimaCompra(*sesion.Conexion());
   clsDesadv desadv;
   desadv.EmpresaKestrova(sesion.EmpresaActual());
   desadv.ConexionKestrova(sesion.Conexion());
@@ -67,7 +67,7 @@ int EjecutarDesadvInsertar(const Argumentos& argumentos, const Salida& salida) {
   const std::string entradas = log.Nuevas();
   const bool bien = !entradas.empty() && entradas.find("\tInsertar\tError: ") == std::string::npos;
   EscribirLugar(entorno, raiz, argumentos.fichero, bien, salida.resultado);
-  EscribirCompras(*sesion.Conexion(), ultima, salida.resultado);
+  if (ultima) EscribirCompras(*sesion.Conexion(), *ultima, salida.resultado);
   salida.resultado << "Registro:\n" << entradas;
   sesion.Cerrar();
   return bien ? kHecho : kRechazado;

@@ -8,6 +8,7 @@
 #include "host/cli/numeros.h"
 #include "host/cli/ordenes.h"
 #include "host/cli/sesion_cli.h"
+#include "host/cli/ultima_identidad.h"
 #include "kvraedi/clsOrders.h"
 
 namespace kvraedi::cli {
@@ -27,9 +28,9 @@ std::vector<std::string> EnTemp(Entorno& entorno, const fs::path& carpeta) {
 }
 
 /// The received order that a customer order was made of last; later ones have greater numbers.
-std::int32_t UltimoHecho(Connection& conexion) {
-  return conexion.Open("SELECT ISNULL(MAX(EDI_ID), 0) AS ID FROM Pedidos_Clientes")
-      ->Get<std::int32_t>("ID");
+/// Nothing when the suite does not keep it.
+std::optional<std::int32_t> UltimoHecho(Connection& conexion) {
+  return UltimaIdentidad(conexion, "SELECT ISNULL(MAX(EDI_ID), 0) AS ID FROM Pedidos_Clientes");
 }
 
 void EscribirLineas(Connection& conexion, const std::string& condicion, std::ostream& salida) {
@@ -161,12 +162,12 @@ int EjecutarOrdersInsertar(const Argumentos& argumentos, const Salida& salida) {
   const auto ficheros = EnTemp(entorno, carpeta);
   const EntradasLog lectura(entorno, carpeta / "Log" / "ProcesarFicheros.log");
   const EntradasLog creacion(entorno, carpeta / "Log" / "CrearPedidosClientes.log");
-  const std::int32_t ultimo = UltimoHecho(*sesion.Conexion());
+  const auto ultimo = UltimoHecho(*sesion.Conexion());
   clsOrders orders;
   orders.EmpresaKestrova(sesion.EmpresaActual());
   orders.ConexionKestrova(sesion.Conexion());
   orders.Insertar();
-  EscribirPedidos(*sesion.Conexion(), ultimo, salida.resultado);
+  if (ultimo) EscribirPedidos(*sesion.Conexion(), *ultimo, salida.resultado);
   EscribirLugares(entorno, carpeta, ficheros, salida.resultado);
   salida.resultado << "Registro:\n" << lectura.Nuevas() << creacion.Nuevas();
   const bool quedan = QuedanSinCrear(*sesion.Conexion());

@@ -3,13 +3,14 @@
 #include <algorithm>
 #include <ostream>
 #include <string_view>
+#include <utility>
 
+#include "host/cli/conexion_cli.h"
 #include "host/cli/fallo.h"
 #include "host/cli/registro_sql.h"
 #include "kvraedi/adaptadores.h"
 #include "kvraedi/error.h"
 #include "kvraedi/sesion.h"
-#include "platform/sqlite/sqlite_connection.h"
 #include "platform/suite/empresa_suite.h"
 
 namespace kvraedi::cli {
@@ -62,20 +63,14 @@ SesionCli::~SesionCli() {
 }
 
 void SesionCli::Abrir(const Argumentos& argumentos) {
-  const std::filesystem::path ruta(argumentos.baseDatos);
-  if (!entorno_.FileExists(ruta)) {
-    throw Fallo(kSinFicheros, "no existe la base de datos «" + argumentos.baseDatos +
-                                  "»; «kvraedi demo» crea una de demostración");
-  }
-  SqliteOptions opciones;
-  opciones.clock = [this] { return entorno_.Now(); };
-  conexion_ = std::make_shared<SqliteConnection>(argumentos.baseDatos, std::move(opciones));
+  ConexionAbierta abierta = AbrirConexion(argumentos.conexion, entorno_);
+  conexion_ = std::move(abierta.conexion);
   if (argumentos.registroSql) {
     registro_ = entorno_.Create(*argumentos.registroSql);
     conexion_ = std::make_shared<RegistroSql>(conexion_, registro_);
   }
-  empresa_ = std::make_shared<EmpresaSuite>(*conexion_, argumentos.empresa,
-                                            std::filesystem::absolute(ruta).parent_path());
+  empresa_ = std::make_shared<EmpresaSuite>(*conexion_, argumentos.empresa, abierta.carpeta,
+                                            abierta.baseDatos);
 }
 
 std::string SesionCli::Parametro(std::string_view nombre) const {

@@ -31,10 +31,12 @@ std::string Utf8(const std::filesystem::path& path) {
 }  // namespace
 
 EmpresaSuite::EmpresaSuite(Connection& conexion, std::int16_t codigo,
-                           std::filesystem::path carpetaBase)
+                           std::filesystem::path carpetaBase, std::string_view baseDatos)
     : codigo_(codigo), carpetaBase_(std::move(carpetaBase)) {
   LeerEmpresa(conexion);
   LeerParametros(conexion);
+  ResolverRutas();
+  if (!baseDatos.empty()) parametros_["odbcbasedatos"] = baseDatos;
   LeerImpuestos(conexion);
 }
 
@@ -59,11 +61,17 @@ void EmpresaSuite::LeerParametros(Connection& conexion) {
                     std::to_string(codigo_));
   for (; !rs->Eof(); rs->MoveNext()) {
     if (rs->IsNull("Valor")) continue;
-    const std::string nombre = Minusculas(rs->Get<std::string>("Nombre"));
-    auto valor = rs->Get<std::string>("Valor");
-    const bool ruta = std::find(kRutas.begin(), kRutas.end(), nombre) != kRutas.end();
-    if (ruta && !valor.empty()) valor = Utf8(carpetaBase_ / Ruta(valor));
-    parametros_[nombre] = std::move(valor);
+    parametros_[Minusculas(rs->Get<std::string>("Nombre"))] = rs->Get<std::string>("Valor");
+  }
+}
+
+void EmpresaSuite::ResolverRutas() {
+  const auto propia = parametros_.find("rutaaplicacion");
+  if (propia != parametros_.end() && !propia->second.empty()) carpetaBase_ /= Ruta(propia->second);
+  for (const std::string_view nombre : kRutas) {
+    const auto parametro = parametros_.find(std::string(nombre));
+    if (parametro == parametros_.end() || parametro->second.empty()) continue;
+    parametro->second = Utf8(carpetaBase_ / Ruta(parametro->second));
   }
 }
 

@@ -3,6 +3,7 @@
 #include <filesystem>
 #include <map>
 #include <string>
+#include <string_view>
 
 #include "kvraedi/conexion.h"
 #include "kvraedi/empresa.h"
@@ -13,9 +14,11 @@ namespace kvraedi {
 /// Everything is read once, by the constructor: a later change in the tables shows in a new object.
 class EmpresaSuite : public Empresa {
  public:
-  /// Raises when the company does not exist. `carpetaBase` is the folder against which parameters
-  /// that hold a relative folder are resolved; it also counts as the suite's own folder.
-  EmpresaSuite(Connection& conexion, std::int16_t codigo, std::filesystem::path carpetaBase);
+  /// Raises when the company does not exist. The suite's own folder, against which parameters that
+  /// hold a relative folder are resolved, is the parameter "RutaAplicacion" and, without it,
+  /// `carpetaBase`. `baseDatos`, when it is not empty, stands for the parameter "ODBCBaseDatos".
+  EmpresaSuite(Connection& conexion, std::int16_t codigo, std::filesystem::path carpetaBase,
+               std::string_view baseDatos = {});
 
   std::int16_t CodigoEmpresa() const override { return codigo_; }
   std::int16_t EmpresaArticulos() const override { return articulos_; }
@@ -31,6 +34,7 @@ class EmpresaSuite : public Empresa {
  private:
   void LeerEmpresa(Connection& conexion);
   void LeerParametros(Connection& conexion);
+  void ResolverRutas();
   void LeerImpuestos(Connection& conexion);
 
   std::int16_t codigo_;

@@ -252,6 +252,31 @@ TEST_F(Facturas, WhatCannotBeOpenedEndsWithThree) {
             3);
 }
 
+TEST_F(Facturas, TheConnectionComesFromTheEnvironmentOrAFileAndIsNotShown) {
+  const std::string cadena = "Driver=/nada/controlador.so;UID=yo;PWD=Oculta-1";
+  std::ofstream(carpeta / "cadena.txt") << cadena << "\r\n";
+  const auto listar = [&](const char* variable, Palabras args) {
+    args.insert(args.begin(), {"facturas", "listar", "--desde", "1", "--hasta", "2"});
+    setenv("KVRAEDI_CONEXION", variable, 1);
+    Ejecucion ejecucion(args);
+    unsetenv("KVRAEDI_CONEXION");
+    return ejecucion;
+  };
+  const std::string otra = "sqlite:" + (carpeta / "otra.db").string();
+  EXPECT_TRUE(listar(otra.c_str(), {}).Dice("otra.db"));
+  EXPECT_EQ(listar("", {"--conexion", "odbc:"}).codigo, 2);
+  EXPECT_TRUE(listar("", {"--conexion", "odbc:@/nada/cadena"}).Dice("/nada/cadena"));
+  for (const auto& ejecucion :
+       {listar("", {"--conexion", "odbc:" + cadena}), listar(("odbc:" + cadena).c_str(), {}),
+        listar(cadena.c_str(), {"--conexion", "odbc:"}),
+        listar("", {"--conexion", "odbc:@" + (carpeta / "cadena.txt").string()})}) {
+    EXPECT_EQ(ejecucion.codigo, 3);
+    EXPECT_TRUE(ejecucion.Dice("ODBC") || ejecucion.Dice("/nada/controlador.so"))
+        << ejecucion.mensajes;
+    EXPECT_FALSE(ejecucion.Dice("Oculta")) << ejecucion.mensajes;
+  }
+}
+
 TEST_F(Facturas, AFacturaeCustomerGetsSignedDocuments) {
   const auto firmador = fs::read_symlink("/proc/self/exe").parent_path() / "../EDI/FacturaE";
   if (!fs::exists(firmador / "FirmadorPortal")) GTEST_SKIP() << "the signer was not built";

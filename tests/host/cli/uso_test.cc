@@ -28,7 +28,7 @@ TEST(Uso, WrongLinesAreExplainedInSpanish) {
       {{"--region", "fr", "demo"}, "--region: se esperaba es o en, no «fr»"},
       {{"--ahora", "2024-02-30T10:00:00", "demo"}, "--ahora: se esperaba AAAA-MM-DDTHH:MM:SS"},
       {{"--ahora", "29/02/2024", "demo"}, "--ahora"},
-      {{"--conexion", "odbc:x", "demo"}, "--conexion: se esperaba sqlite:RUTA"},
+      {{"--conexion", "Driver=x;PWD=oculta", "demo"}, "sqlite:RUTA, odbc:CADENA u odbc:@FICHERO\n"},
       {{"facturas", "listar", "--hasta", "1"}, "falta la opción --desde"},
       {{"facturas", "listar", "--desde", "1"}, "falta la opción --hasta"},
       {{"facturas", "listar", "--desde", "1", "--hasta", "2", "--estado", "x"},

@@ -58,6 +58,17 @@ TEST_F(EmpresaSuiteTest, Parameters) {
     EXPECT_EQ(empresa.Parametro(caso.nombre), caso.valor) << caso.nombre;
 }
 
+TEST_F(EmpresaSuiteTest, ItsFolderAndTheNameOfTheDatabaseMayBeToldApart) {
+  Parametro("7, 'RutaAplicacion', 'suite'");
+  Parametro("7, 'EDI_PathFichEnvios', 'Envios'");
+  Parametro("7, 'ODBCBaseDatos', 'la de ayer'");
+  const EmpresaSuite empresa(*db, 7, "/demo", "la de hoy");
+  EXPECT_EQ(empresa.RutaAplicacion(), "/demo/suite");
+  EXPECT_EQ(empresa.Parametro("EDI_PathFichEnvios"), Valor("/demo/suite/Envios"));
+  EXPECT_EQ(empresa.Parametro("ODBCBaseDatos"), Valor("la de hoy"));
+  EXPECT_EQ(EmpresaSuite(*db, 7, "/demo").Parametro("ODBCBaseDatos"), Valor("la de ayer"));
+}
+
 TEST_F(EmpresaSuiteTest, TaxRatesNeedNoStatement) {
   const EmpresaSuite empresa(*db, 7, "/demo");
   db->Close();
