@@ -36,7 +36,7 @@ void CompraMiniSuite::Guardar() {
       "INSERT INTO Compras_Mini (Cod_Empresa, Cod_Ejercicio, Codigo, Cod_Proveedor, Cod_Almacen,"
       " Fecha, Documento, Cod_Usuario) VALUES (" +
       clave + ", " + std::to_string(cabecera_.proveedor) + ", " +
-      std::to_string(cabecera_.almacen) + ", '" + cabecera_.fecha.ToIso() + "', " +
+      std::to_string(cabecera_.almacen) + ", " + Literal(cabecera_.fecha) + ", " +
       Literal(cabecera_.documento) + ", " + std::to_string(cabecera_.usuario) + ")");
   int numero = 0;
   for (const LineaCompraMini& linea : lineas_) {
@@ -44,7 +44,7 @@ void CompraMiniSuite::Guardar() {
         "INSERT INTO Compras_Mini_Lineas (Cod_Empresa, Cod_Ejercicio, Codigo, Num_Linea,"
         " Cod_Articulo, Unidades, Lote_Caducidad, Lote_Numero) VALUES (" +
         clave + ", " + std::to_string(++numero) + ", " + std::to_string(linea.articulo) + ", " +
-        Literal(linea.unidades) + ", '" + linea.caducidad.ToIso() + "', " + Literal(linea.lote) +
+        Literal(linea.unidades) + ", " + Literal(linea.caducidad) + ", " + Literal(linea.lote) +
         ")");
   }
 }

@@ -9,7 +9,7 @@ namespace kvraedi::suite {
 namespace {
 
 std::string LiteralFecha(const FechaHora& fecha) {
-  return fecha == FechaHora() ? "NULL" : "'" + fecha.ToIso() + "'";
+  return fecha == FechaHora() ? "NULL" : Literal(fecha);
 }
 
 }  // namespace

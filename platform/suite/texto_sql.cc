@@ -48,6 +48,12 @@ std::string Literal(std::string_view text) {
   return literal + "'";
 }
 
+std::string Literal(const FechaHora& fecha) {
+  std::string text = fecha.ToIso();
+  std::erase(text, '-');
+  return "'" + text + "'";
+}
+
 std::string Literal(Currency valor) {
   constexpr std::int64_t kEscala = Currency::kScale;
   const std::int64_t entero = valor.Units() / kEscala;

@@ -22,6 +22,8 @@ std::optional<std::int32_t> Entero(std::string_view text);
 std::string Contiene(std::string_view columna, std::string_view text);
 /// The text in single quotes, its own doubled.
 std::string Literal(std::string_view text);
+/// The date in quotes in the form that every server reads alike: yyyymmdd[ hh:mm:ss].
+std::string Literal(const FechaHora& fecha);
 /// The number with a point and four decimals.
 std::string Literal(Currency valor);
 
