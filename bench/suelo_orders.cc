@@ -23,31 +23,27 @@ struct Registro {
 constexpr Registro kRegistros[] = {
     {"DTM",
      "UPDATE EDI_PedidosClientes SET Fecha_Emision = ?, Fecha_Ini_Entrega = ?,"
-     " Fecha_Fin_Entrega = ? WHERE Doc_Num COLLATE KVR_NUMERO = ?",
+     " Fecha_Fin_Entrega = ? WHERE Doc_Num = ?",
      3, 0, false},
-    {"NADSU",
-     "UPDATE EDI_PedidosClientes SET GLN_Proveedor = ? WHERE Doc_Num COLLATE KVR_NUMERO = ?", 1, 0,
+    {"NADSU", "UPDATE EDI_PedidosClientes SET GLN_Proveedor = ? WHERE Doc_Num = ?", 1, 0, false},
+    {"NADBY", "UPDATE EDI_PedidosClientes SET GLN_Cliente = ? WHERE Doc_Num = ?", 1, 0, false},
+    {"NADDP", "UPDATE EDI_PedidosClientes SET GLN_ClienteEntrega = ? WHERE Doc_Num = ?", 1, 0,
      false},
-    {"NADBY", "UPDATE EDI_PedidosClientes SET GLN_Cliente = ? WHERE Doc_Num COLLATE KVR_NUMERO = ?",
-     1, 0, false},
-    {"NADDP",
-     "UPDATE EDI_PedidosClientes SET GLN_ClienteEntrega = ? WHERE Doc_Num COLLATE KVR_NUMERO = ?",
-     1, 0, false},
     {"IMDLIN",
      "UPDATE EDI_PedidosClientes_Lineas SET Desc_Calificador = ?, Desc_Caracteristica = ?,"
-     " Desc_Cod = ?, Descripcion = ? WHERE Doc_Num COLLATE KVR_NUMERO = ? AND Cod_Barras = ?",
+     " Desc_Cod = ?, Descripcion = ? WHERE Doc_Num = ? AND Cod_Barras = ?",
      4, 0, true},
     {"QTYLIN",
      "UPDATE EDI_PedidosClientes_Lineas SET Cantidad_Calificador = ?, Cantidad = ?"
-     " WHERE Doc_Num COLLATE KVR_NUMERO = ? AND Cod_Barras = ?",
+     " WHERE Doc_Num = ? AND Cod_Barras = ?",
      2, 0b100, true},
     {"MOALIN",
      "UPDATE EDI_PedidosClientes_Lineas SET Importe_Neto_Linea = ?"
-     " WHERE Doc_Num COLLATE KVR_NUMERO = ? AND Cod_Barras = ?",
+     " WHERE Doc_Num = ? AND Cod_Barras = ?",
      1, 0b10, true},
     {"MOARES",
      "UPDATE EDI_PedidosClientes SET Importe_Neto = ?, Importe_Bruto = ?, Importe_Impuestos = ?,"
-     " Importe_Pagar = ? WHERE Doc_Num COLLATE KVR_NUMERO = ?",
+     " Importe_Pagar = ? WHERE Doc_Num = ?",
      4, 0b11110, false},
 };
 
@@ -79,8 +75,7 @@ class Lectura {
  public:
   Lectura(const BaseSuelo& base, std::string nombre)
       : nombre_(std::move(nombre)),
-        existe_(base,
-                "SELECT COUNT(*) FROM EDI_PedidosClientes WHERE Doc_Num COLLATE KVR_NUMERO = ?"),
+        existe_(base, "SELECT COUNT(*) FROM EDI_PedidosClientes WHERE Doc_Num = ?"),
         ord_(base,
              "INSERT INTO EDI_PedidosClientes (Fichero, Doc_Num, Doc_Tipo, Doc_Funcion, Hora)"
              " VALUES (?, ?, ?, ?, '2026-05-15 10:45:30')"),

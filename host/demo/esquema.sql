@@ -7,7 +7,7 @@ CREATE TABLE Empresas (
   Nombre_1 nvarchar(100) NOT NULL,
   Nombre_2 nvarchar(100) NULL,
   Direccion nvarchar(100) NULL,
-  CP nvarchar(10) NULL,
+  CP nvarchar(20) NULL,
   Localidad nvarchar(60) NULL,
   Provincia nvarchar(60) NULL,
   Pais nvarchar(60) NULL,
@@ -86,9 +86,9 @@ GO
 CREATE TABLE Almacenes (
   Cod_Empresa smallint NOT NULL,
   Codigo smallint NOT NULL,
-  Nombre nvarchar(60) NOT NULL,
+  Nombre nvarchar(100) NOT NULL,
   Direccion nvarchar(100) NULL,
-  CP nvarchar(10) NULL,
+  CP nvarchar(20) NULL,
   Localidad nvarchar(60) NULL,
   Provincia nvarchar(60) NULL,
   EDI_GLN nvarchar(35) NULL,
@@ -394,8 +394,10 @@ CREATE INDEX IX_EDI_Envio_Facturas_Ticket
   ON EDI_Envio_Facturas (Cod_Empresa_FT, Cod_Almacen_FT, Caja_FT, Fecha_FT, Codigo_FT)
 GO
 
--- Only one of the two document keys is filled; the other one keeps its defaults.
+-- Only one of the two document keys is filled; the other one keeps its defaults. A document may have
+-- several attachments of one name; ID tells them apart.
 CREATE TABLE EDI_Anexos (
+  ID int IDENTITY(1,1) NOT NULL PRIMARY KEY,
   Cod_EDIPlat smallint NOT NULL,
   Cod_EDITipoMsg smallint NOT NULL,
   Hora datetime NULL,
@@ -407,9 +409,9 @@ CREATE TABLE EDI_Anexos (
   Cod_Empresa_FT smallint NOT NULL DEFAULT 0,
   Cod_Almacen_FT smallint NOT NULL DEFAULT 0,
   Caja_FT smallint NOT NULL DEFAULT 0,
-  Fecha_FT datetime NOT NULL DEFAULT '1900-01-01',
+  Fecha_FT datetime NOT NULL DEFAULT '19000101',
   Codigo_FT int NOT NULL DEFAULT 0,
-  NombreAnexo nvarchar(250) NOT NULL,
+  NombreAnexo nvarchar(260) NOT NULL,
   DescripcionAnexo nvarchar(250) NULL,
   Stream varbinary(MAX) NULL
 )

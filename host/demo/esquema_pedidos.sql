@@ -20,7 +20,7 @@ GO
 CREATE TABLE Proveedores_GLN (
   Cod_Empresa smallint NOT NULL,
   Cod_Prov int NOT NULL,
-  GLN nvarchar(35) NOT NULL,
+  GLN nvarchar(50) NOT NULL,
   Principal bit NOT NULL DEFAULT 0,
   PRIMARY KEY (Cod_Empresa, Cod_Prov, GLN)
 )
@@ -138,11 +138,12 @@ CREATE TABLE Compras_Mini_Lineas (
 GO
 
 -- Received orders as they were read, until customer orders are made of them. The dates that the
--- suite delivers by are the ones that the customer asked for.
+-- suite delivers by are the ones that the customer asked for. Statements compare Doc_Num with bare
+-- numbers, so it is one: as a text it could neither use its index nor hold anything but digits.
 CREATE TABLE EDI_PedidosClientes (
   ID int IDENTITY(1,1) NOT NULL PRIMARY KEY,
   Fichero nvarchar(260) NOT NULL,
-  Doc_Num nvarchar(17) NOT NULL,
+  Doc_Num numeric(17,0) NOT NULL,
   Doc_Tipo nvarchar(10) NULL,
   Doc_Funcion nvarchar(10) NULL,
   Hora datetime NULL,
@@ -182,7 +183,7 @@ GO
 CREATE TABLE EDI_PedidosClientes_Lineas (
   ID int IDENTITY(1,1) NOT NULL PRIMARY KEY,
   Fichero nvarchar(260) NOT NULL,
-  Doc_Num nvarchar(17) NOT NULL,
+  Doc_Num numeric(17,0) NOT NULL,
   Cod_Barras nvarchar(35) NOT NULL,
   Tipo_EAN nvarchar(10) NULL,
   Num_Linea nvarchar(10) NULL,
@@ -219,7 +220,7 @@ CREATE TABLE Pedidos_Clientes (
   Ent_CP int NULL DEFAULT 0,
   Ent_Localidad nvarchar(70) NULL,
   EDI_ID int NULL,
-  EDI_Doc_Num nvarchar(17) NULL,
+  EDI_Doc_Num numeric(17,0) NULL,
   PRIMARY KEY (Cod_Empresa, Cod_Ejercicio, Codigo)
 )
 GO

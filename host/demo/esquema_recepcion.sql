@@ -67,7 +67,7 @@ GO
 
 CREATE TABLE Temp_EDI_Factura_Desc_Cab (
   Terminal nvarchar(64) NOT NULL,
-  Numero int NULL,
+  Numero nvarchar(10) NULL,
   Indicador nvarchar(20) NULL,
   Porcentaje money NULL,
   Importe money NULL,
@@ -93,7 +93,7 @@ GO
 CREATE TABLE Temp_EDI_Factura_Desc_Linea (
   Terminal nvarchar(64) NOT NULL,
   NumLinea int NOT NULL,
-  Numero int NULL,
+  Numero nvarchar(10) NULL,
   Indicador nvarchar(20) NULL,
   Porcentaje money NULL,
   Importe money NULL,

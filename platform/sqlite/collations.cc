@@ -289,6 +289,11 @@ int CompareNumberTexts(std::string_view a, std::string_view b) {
   return first_is_number ? CompareNumbers(first, second) : CompareTexts(a, b);
 }
 
+bool IsPlainNumber(std::string_view text) {
+  PlainNumber number;
+  return ReadPlainNumber(text, number);
+}
+
 bool IsCanonicalDate(std::string_view text) {
   if (text.size() != 10 && text.size() != 19) return false;
   if (!Follows(text.data(), kYearMonth) || !Follows(text.data() + 2, kMonthDay)) return false;

@@ -18,6 +18,8 @@ inline constexpr std::string_view kNumberCollation = "KVR_NUMERO";
 /// Each gives less than, equal to or more than 0.
 int CompareTexts(std::string_view a, std::string_view b);
 int CompareNumberTexts(std::string_view a, std::string_view b);
+/// Whether the number collation takes `text` for a number.
+bool IsPlainNumber(std::string_view text);
 
 /// Whether a text has the form of a pattern of LIKE: "%" any characters, "_" one, the character
 /// behind `escape` (0: none) itself. Without regard to case; accents count.

@@ -5,6 +5,7 @@
 #include "kvraedi/error.h"
 #include "platform/sqlite/functions.h"
 #include "platform/sqlite/literal.h"
+#include "platform/sqlite/spanish_errors.h"
 
 namespace kvraedi::sqlite {
 namespace {
@@ -82,7 +83,8 @@ bool Database::Step(sqlite3_stmt* statement) {
     throw Error(kErrorDatabase, "SQLite", BadDateMessage(fault_.text));
   }
   if (result == SQLITE_ROW || result == SQLITE_DONE) return result == SQLITE_ROW;
-  const std::string message = sqlite3_errmsg(handle_);
+  const std::string message =
+      SpanishError(sqlite3_extended_errcode(handle_), sqlite3_errmsg(handle_));
   sqlite3_reset(statement);
   throw Error(kErrorDatabase, "SQLite", message);
 }
@@ -110,6 +112,9 @@ void Database::Check(int result) const {
 
 bool Database::InTransaction() const { return sqlite3_get_autocommit(handle_) == 0; }
 
-void Database::ThrowLast() const { throw Error(kErrorDatabase, "SQLite", sqlite3_errmsg(handle_)); }
+void Database::ThrowLast() const {
+  throw Error(kErrorDatabase, "SQLite",
+              SpanishError(sqlite3_extended_errcode(handle_), sqlite3_errmsg(handle_)));
+}
 
 }  // namespace kvraedi::sqlite

@@ -16,8 +16,8 @@ struct Finalizer {
 };
 using StatementPtr = std::unique_ptr<sqlite3_stmt, Finalizer>;
 
-/// An open handle and what lives exactly as long as it. Every failure is an Error with SQLite's own
-/// text.
+/// An open handle and what lives exactly as long as it. Every failure is an Error with a
+/// Spanish text.
 class Database {
  public:
   Database(const std::string& path, const SqliteOptions& options);

@@ -63,7 +63,10 @@ class Marker {
     if (CallAt(i, "CONVERT")) MarkConvert(i);
     if (CallAt(i, "CAST")) MarkCast(i);
     if (CallAt(i, "WITH")) Drop(i, Closing(pieces_, i + 1) + 1);
-    if (MarkAt(pieces_, i + 1, ".") && Folded(NameOf(pieces_[i].token)) == "dbo") Drop(i, i + 2);
+    if (MarkAt(pieces_, i + 1, ".") && Folded(NameOf(pieces_[i].token)) == "dbo") {
+      const bool has_database = i > 1 && MarkAt(pieces_, i - 1, ".") && NameAt(pieces_, i - 2);
+      Drop(has_database ? i - 2 : i, i + 2);
+    }
   }
 
   void MarkVariable(std::size_t i) {

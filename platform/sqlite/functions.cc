@@ -2,6 +2,9 @@
 
 #include <sqlite3.h>
 
+#include <array>
+#include <charconv>
+#include <cmath>
 #include <ctime>
 #include <memory>
 #include <optional>
@@ -11,6 +14,7 @@
 
 #include "kvraedi/error.h"
 #include "platform/sqlite/collations.h"
+#include "platform/sqlite/column_value.h"
 #include "platform/sqlite/literal.h"
 #include "platform/sqlite/numbers.h"
 
@@ -27,6 +31,12 @@ std::string_view TextOf(sqlite3_value* value) {
 
 void Answer(sqlite3_context* context, std::string_view text) {
   sqlite3_result_text(context, text.data(), static_cast<int>(text.size()), SQLITE_TRANSIENT);
+}
+
+/// Fails with a text of ours.
+void Fail(sqlite3_context* context, std::string_view message) {
+  sqlite3_result_error(context, message.data(), static_cast<int>(message.size()));
+  sqlite3_result_error_code(context, SQLITE_CONSTRAINT_FUNCTION);
 }
 
 FechaHora SystemNow() {
@@ -46,7 +56,7 @@ void Now(sqlite3_context* context, int, sqlite3_value**) {
   try {
     Answer(context, (clock ? clock() : SystemNow()).ToIso());
   } catch (const std::exception& error) {
-    sqlite3_result_error(context, error.what(), -1);
+    Fail(context, error.what());
   }
 }
 
@@ -77,8 +87,7 @@ void AnswerDate(sqlite3_context* context, sqlite3_value* value, bool keeps_time)
   const std::string_view text = TextOf(value);
   auto date = FechaHora::Parse(text);
   if (!date) {
-    const std::string message = BadDateMessage(text);
-    sqlite3_result_error(context, message.data(), static_cast<int>(message.size()));
+    Fail(context, BadDateMessage(text));
     return;
   }
   if (!keeps_time) date->hour = date->minute = date->second = 0;
@@ -98,6 +107,55 @@ void Text(sqlite3_context* context, int, sqlite3_value** values) {
     Answer(context, RealText(sqlite3_value_double(values[0])));
   } else {
     sqlite3_result_value(context, values[0]);
+  }
+}
+
+/// The value's text as ValueFor reads it, and whether it was one.
+std::pair<std::string, bool> DigitsOrText(sqlite3_value* value) {
+  constexpr double kFifteenDigitsLoseDecimals = 1e11;
+  if (sqlite3_value_type(value) != SQLITE_FLOAT) {
+    return {std::string(TextOf(value)), sqlite3_value_type(value) == SQLITE_TEXT};
+  }
+  const double real = sqlite3_value_double(value);
+  if (std::fabs(real) < kFifteenDigitsLoseDecimals) return {RealText(real), false};
+  std::array<char, 32> text{};
+  const auto end = std::to_chars(text.data(), text.data() + text.size(), real).ptr;
+  return {std::string(text.data(), end), false};
+}
+
+constexpr const char* kColumnPointer = "kvr_columna";
+
+/// A sum or product that its scale rounds beyond doubt needs no decimal text.
+std::optional<double> PlainlyRounded(const ColumnType& type, sqlite3_value* value) {
+  constexpr double kMost = 200'000;  // what every type of money holds
+  if (sqlite3_value_type(value) != SQLITE_FLOAT || type.sql->fit != Fit::kMoney) return {};
+  const double scaled = sqlite3_value_double(value) * Currency::kScale;
+  const double units = std::nearbyint(scaled);
+  if (std::fabs(units) > kMost * Currency::kScale || std::fabs(scaled - units) > 0.25) return {};
+  return units / Currency::kScale;
+}
+
+void Keep(sqlite3_context* context, int, sqlite3_value** values) {
+  const auto* column = static_cast<const Column*>(sqlite3_value_pointer(values[1], kColumnPointer));
+  if (column == nullptr) return Fail(context, "kvr_guarda es de uso interno");
+  if (sqlite3_value_type(values[0]) == SQLITE_NULL) return;
+  if (const auto rounded = PlainlyRounded(column->type, values[0])) {
+    return sqlite3_result_double(context, *rounded);
+  }
+  try {
+    LiteralValue value;
+    const auto [text, is_text] = DigitsOrText(values[0]);
+    value.view = text;
+    value = ValueFor(*column, std::move(value), is_text);
+    if (value.type == LiteralValue::Type::kInteger) {
+      sqlite3_result_int64(context, value.integer);
+    } else if (value.type == LiteralValue::Type::kReal) {
+      sqlite3_result_double(context, value.real);
+    } else {
+      Answer(context, value.Text());
+    }
+  } catch (const Error& error) {
+    Fail(context, error.Description());
   }
 }
 
@@ -122,6 +180,12 @@ void Add(sqlite3* db, const char* name, int arguments, Function function) {
 
 }  // namespace
 
+int BindColumn(sqlite3_stmt* statement, int index, const Column& column) {
+  // SQLite takes a pointer to what may be changed; Keep gives it back as it was.
+  return sqlite3_bind_pointer(statement, index, const_cast<Column*>(&column), kColumnPointer,
+                              nullptr);
+}
+
 void AddFunctions(sqlite3* db, Clock clock) {
   Add(db, "ROUND", 1, Round);
   Add(db, "ROUND", 2, Round);
@@ -131,6 +195,7 @@ void AddFunctions(sqlite3* db, Clock clock) {
   Add(db, "kvr_fecha", 1, Date);
   Add(db, "kvr_dia", 1, Day);
   Add(db, "kvr_texto", 1, Text);
+  Add(db, "kvr_guarda", 2, Keep);
   auto owned = std::make_unique<Clock>(std::move(clock));
   const auto destroy = [](void* data) { delete static_cast<Clock*>(data); };
   // SQLite destroys the clock, also when this call fails.

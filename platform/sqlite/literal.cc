@@ -4,8 +4,7 @@
 #include <charconv>
 
 #include "kvraedi/error.h"
-#include "kvraedi/valor.h"
-#include "platform/sqlite/collations.h"
+#include "platform/sqlite/column_value.h"
 #include "platform/sqlite/lexer.h"
 #include "platform/sqlite/numbers.h"
 
@@ -18,10 +17,15 @@ std::string Impossible(std::string_view text, const char* kind) {
   return "La conversión del texto '" + std::string(text) + "' en " + kind + " no es posible.";
 }
 
-LiteralValue TextValue(std::string text, Type type = Type::kText) {
+LiteralValue TextValue(std::string text) {
   LiteralValue value;
-  value.type = type;
   value.owned = std::move(text);
+  return value;
+}
+
+LiteralValue ViewOf(std::string_view text) {
+  LiteralValue value;
+  value.view = text;
   return value;
 }
 
@@ -29,20 +33,36 @@ LiteralValue TextValue(std::string text, Type type = Type::kText) {
 LiteralValue PlainText(std::string_view written) {
   const std::size_t prefix = written.front() == '\'' ? 1 : 2;
   const std::string_view inner = written.substr(prefix, written.size() - prefix - 1);
-  if (inner.find('\'') != std::string_view::npos) return TextValue(TextOf(written));
+  return inner.find('\'') != std::string_view::npos ? TextValue(TextOf(written)) : ViewOf(inner);
+}
+
+std::string_view WithoutLeadingZeros(std::string_view digits) {
+  while (digits.size() > 1 && digits[0] == '0' && digits[1] >= '0' && digits[1] <= '9') {
+    digits.remove_prefix(1);
+  }
+  return digits;
+}
+
+/// A number of more digits than 64 bits hold keeps them all as text.
+LiteralValue PlainNumber(std::string_view written) {
+  constexpr std::size_t kSafeDigits = 18;
+  if (written.find_first_not_of("0123456789") != std::string_view::npos) return NumberOf(written);
+  const std::string_view digits = WithoutLeadingZeros(written);
+  if (digits.size() > kSafeDigits) return ViewOf(digits);
   LiteralValue value;
-  value.view = inner;
+  value.type = Type::kInteger;
+  for (const char digit : digits) value.integer = value.integer * 10 + (digit - '0');
   return value;
 }
 
-LiteralValue DateValue(LiteralValue text, bool keeps_time) {
-  const auto parsed = FechaHora::Parse(text.Text());
-  if (!parsed) throw Error(kErrorDatabase, "SQLite", BadDateMessage(text.Text()));
-  if (IsCanonicalDate(text.Text()) && (keeps_time || !parsed->HasTime())) return text;
-  FechaHora date = *parsed;
-  if (!keeps_time) date.hour = date.minute = date.second = 0;
-  return TextValue(date.ToIso());
+LiteralValue NumberText(std::string_view written) {
+  if (written.front() == '.') return TextValue("0" + std::string(written));
+  return ViewOf(WithoutLeadingZeros(written));
 }
+
+}  // namespace
+
+std::string BadDateMessage(std::string_view text) { return Impossible(text, "fecha"); }
 
 LiteralValue NumberOf(std::string_view text) {
   LiteralValue value;
@@ -60,76 +80,19 @@ LiteralValue NumberOf(std::string_view text) {
   return value;
 }
 
-std::string_view WithoutLeadingZeros(std::string_view digits) {
-  while (digits.size() > 1 && digits[0] == '0' && digits[1] >= '0' && digits[1] <= '9') {
-    digits.remove_prefix(1);
+LiteralValue Evaluate(const Literal& literal, const Beside& beside) {
+  if (beside.stored != nullptr) {
+    const bool number_in_text = !literal.is_text && beside.stored->type.kind == ColumnKind::kText;
+    return ValueFor(*beside.stored,
+                    literal.is_text  ? PlainText(literal.written)
+                    : number_in_text ? NumberText(literal.written)
+                                     : ViewOf(literal.written),
+                    literal.is_text);
   }
-  return digits;
-}
-
-/// A number of more digits than 64 bits hold keeps them all as text.
-LiteralValue PlainNumber(std::string_view written) {
-  constexpr std::size_t kSafeDigits = 18;
-  if (written.find_first_not_of("0123456789") != std::string_view::npos) return NumberOf(written);
-  const std::string_view digits = WithoutLeadingZeros(written);
-  LiteralValue value;
-  if (digits.size() > kSafeDigits) {
-    value.view = digits;
-    return value;
-  }
-  value.type = Type::kInteger;
-  for (const char digit : digits) value.integer = value.integer * 10 + (digit - '0');
-  return value;
-}
-
-LiteralValue NumberText(std::string_view written) {
-  LiteralValue value;
-  if (written.front() == '.') return TextValue("0" + std::string(written));
-  value.view = WithoutLeadingZeros(written);
-  return value;
-}
-
-}  // namespace
-
-std::string BadDateMessage(std::string_view text) { return Impossible(text, "fecha"); }
-
-LiteralUse UseBeside(ColumnKind column, bool literal_is_text) {
-  switch (column) {
-    case ColumnKind::kDate:
-      return literal_is_text ? LiteralUse::kDate : LiteralUse::kPlain;
-    case ColumnKind::kDay:
-      return literal_is_text ? LiteralUse::kDay : LiteralUse::kPlain;
-    case ColumnKind::kText:
-      return literal_is_text ? LiteralUse::kPlain : LiteralUse::kNumberText;
-    case ColumnKind::kInteger:
-    case ColumnKind::kReal:
-      return literal_is_text ? LiteralUse::kNumber : LiteralUse::kPlain;
-    case ColumnKind::kBlob:
-      return literal_is_text ? LiteralUse::kBlob : LiteralUse::kPlain;
-    case ColumnKind::kUnknown:
-      break;
-  }
-  return LiteralUse::kPlain;
-}
-
-LiteralValue Evaluate(const Literal& literal, LiteralUse use) {
-  if (!literal.is_text) {
-    return use == LiteralUse::kNumberText ? NumberText(literal.written)
-                                          : PlainNumber(literal.written);
-  }
-  LiteralValue text = PlainText(literal.written);
-  switch (use) {
-    case LiteralUse::kDate:
-    case LiteralUse::kDay:
-      return DateValue(std::move(text), use == LiteralUse::kDate);
-    case LiteralUse::kNumber:
-      return NumberOf(text.Text());
-    case LiteralUse::kBlob:
-      text.type = Type::kBlob;
-      return text;
-    default:
-      return text;
-  }
+  if (literal.is_text) return ValueBeside(beside.type, PlainText(literal.written));
+  if (beside.type.kind == ColumnKind::kText) return NumberText(literal.written);
+  if (IsDate(beside.type.kind)) return MomentOf(beside.type, literal.written);
+  return PlainNumber(literal.written);
 }
 
 std::string ToSql(const LiteralValue& value) {

@@ -8,24 +8,21 @@
 
 namespace kvraedi::sqlite {
 
+struct Column;
+
 /// A text or number of a statement, as it was written.
 struct Literal {
   std::string_view written;
   bool is_text = false;
 };
 
-/// What a literal stands for where it stands.
-enum class LiteralUse : std::uint8_t {
-  kPlain,
-  kDate,        // a text beside a date column
-  kDay,         // the same, the column keeps no time
-  kNumberText,  // a number beside a text column
-  kNumber,      // a text beside a number column
-  kBlob,        // a text beside a binary column
+/// What a literal stands beside: the type that it is compared with, or the column, of the schema,
+/// that it is stored in. Neither: it is taken as it stands.
+struct Beside {
+  ColumnType type;
+  const Column* stored = nullptr;
+  friend bool operator==(const Beside&, const Beside&) = default;
 };
-
-/// How a literal is taken that is compared with, or stored in, a column of that kind.
-LiteralUse UseBeside(ColumnKind column, bool literal_is_text);
 
 /// The value that reaches the database.
 struct LiteralValue {
@@ -38,8 +35,11 @@ struct LiteralValue {
   std::string_view Text() const { return view.data() != nullptr ? view : owned; }
 };
 
-/// Raises when the text is not the date or number that its use asks for.
-LiteralValue Evaluate(const Literal& literal, LiteralUse use);
+/// Raises when the literal is not the date or number that it has to be, or does not fit its column.
+LiteralValue Evaluate(const Literal& literal, const Beside& beside);
+
+/// A text as a number, the empty one as 0; raises when it is none.
+LiteralValue NumberOf(std::string_view text);
 
 /// The value as a literal of SQLite.
 std::string ToSql(const LiteralValue& value);

@@ -13,9 +13,15 @@ std::string Collate(std::string_view name) { return "COLLATE " + std::string(nam
 
 /// What a literal is compared with.
 struct Side {
-  ColumnKind kind = ColumnKind::kUnknown;
-  std::size_t last = 0;  // the piece that ends it
-  bool column = false;   // nothing but a column, which has its collation
+  ColumnType type;
+  std::size_t last = 0;            // the piece that ends it
+  const Column* column = nullptr;  // when it is nothing but one, which has its collation
+};
+
+/// An expression whose value a statement stores.
+struct Assignment {
+  Stretch value;
+  const Column* column;
 };
 
 class Marker {
@@ -23,7 +29,7 @@ class Marker {
   Marker(Pieces& pieces, Schema& schema)
       : pieces_(pieces), schema_(schema), scopes_(pieces), operands_(pieces_, scopes_, schema) {}
 
-  void Mark() {
+  std::vector<const Column*> Mark() {
     MarkInsert();
     if (WordAt(pieces_, 0, "UPDATE")) {
       set_ = FindWord(pieces_, 0, pieces_.size(), {"SET"});
@@ -35,6 +41,8 @@ class Marker {
       if (WordAt(pieces_, i, "IN") && MarkAt(pieces_, i + 1, "(")) MarkIn(i);
       if (WordAt(pieces_, i, "ISNULL") && MarkAt(pieces_, i + 1, "(")) MarkIsNull(i);
     }
+    for (const Assignment& assignment : assignments_) WrapAssigned(assignment);
+    return std::move(as_numbers_);
   }
 
  private:
@@ -65,19 +73,39 @@ class Marker {
     return WholeColumn(scopes_.ColumnStartingAt(i, schema_));
   }
 
-  void MarkStored(Piece& literal, ColumnKind kind) {
-    literal.use = UseBeside(kind, literal.token.kind == TokenKind::kText);
+  /// A literal is checked when it is bound; what is computed, when the statement stores it.
+  void MarkAssigned(Stretch value, const Column* column) {
+    if (column == nullptr || value.Empty()) return;
+    if (value.end - value.begin == 1 && IsLiteral(pieces_[value.begin])) {
+      pieces_[value.begin].beside = {column->type, column};
+    } else if (NeedsCheck(value, *column)) {
+      assignments_.push_back({value, column});
+    }
+  }
+
+  bool NeedsCheck(Stretch value, const Column& column) const {
+    const ColumnType& type = column.type;
+    if (type.sql == nullptr || type.sql->fit == Fit::kAny) return false;
+    const bool null = value.end - value.begin == 1 && WordAt(pieces_, value.begin, "NULL");
+    if (null || WordAt(pieces_, value.begin, "DEFAULT")) return false;
+    const auto source = scopes_.ColumnStartingAt(value.begin, schema_);
+    return !source || source->last + 1 != value.end || !(source->column->type == type);
+  }
+
+  void WrapAssigned(const Assignment& assignment) {
+    pieces_[assignment.value.begin].before.insert(0, "kvr_guarda(");
+    pieces_[assignment.value.end - 1].keeper = assignment.column;
   }
 
   /// Nothing for a name that is not known: the column of a subquery brings its collation along.
   std::optional<Side> SideOf(const std::optional<ColumnUse>& column, Stretch stretch) const {
-    if (column) return Side{column->kind, column->last, true};
+    if (column) return Side{column->column->type, column->last, column->column};
     const bool name =
         NameAt(pieces_, stretch.begin) &&
         (stretch.end - stretch.begin == 1 ||
          (stretch.end - stretch.begin == 3 && MarkAt(pieces_, stretch.begin + 1, ".")));
     if (stretch.Empty() || name) return std::nullopt;
-    return Side{operands_.KindOf(stretch), stretch.end - 1, false};
+    return Side{{operands_.KindOf(stretch)}, stretch.end - 1};
   }
 
   std::optional<Side> SideBefore(std::size_t i) const {
@@ -90,12 +118,13 @@ class Marker {
 
   void MarkCompared(Piece& literal, const Side& side) {
     const bool text = literal.token.kind == TokenKind::kText;
-    if (text && side.kind == ColumnKind::kUnknown && !side.column) {
+    if (text && side.type.kind == ColumnKind::kUnknown && side.column == nullptr) {
       ThrowUnsupported("la comparación de " + std::string(literal.token.text) +
                        " con una expresión de tipo desconocido");
     }
-    MarkStored(literal, side.kind);
-    if (literal.use == LiteralUse::kNumberText) {
+    literal.beside.type = side.type;
+    if (!text && side.type.kind == ColumnKind::kText) {
+      if (side.column != nullptr) as_numbers_.push_back(side.column);
       pieces_[side.last].after = Collate(kNumberCollation);
     } else {
       MarkCollation(side);
@@ -104,8 +133,8 @@ class Marker {
 
   /// An expression is compared as its columns are.
   void MarkCollation(const Side& side) {
-    const std::string_view collation = CollationOf(side.kind);
-    if (!side.column && !collation.empty()) pieces_[side.last].after = Collate(collation);
+    const std::string_view collation = CollationOf(side.type.kind);
+    if (side.column == nullptr && !collation.empty()) pieces_[side.last].after = Collate(collation);
   }
 
   bool IsAssignment(const ColumnUse& column) const {
@@ -116,7 +145,7 @@ class Marker {
   void MarkComparison(std::size_t i) {
     const auto column = ColumnBefore(i);
     if (column && IsAssignment(*column)) {
-      if (WholeLiteral(i + 1)) MarkStored(pieces_[i + 1], column->kind);
+      MarkAssigned(operands_.After(i), column->column);
       return;
     }
     const auto left = SideBefore(i);
@@ -125,8 +154,18 @@ class Marker {
       MarkCompared(pieces_[i + 1], *left);
     } else if (right && i > 0 && WholeLiteral(i - 1)) {
       MarkCompared(pieces_[i - 1], *right);
-    } else if (left && right && !left->column && !right->column) {
-      MarkCollation(left->kind == ColumnKind::kUnknown ? *right : *left);
+    } else if (left && right) {
+      MarkSides(*left, *right);
+    }
+  }
+
+  void MarkSides(const Side& left, const Side& right) {
+    if (left.column == nullptr && right.column == nullptr) {
+      MarkCollation(left.type.kind == ColumnKind::kUnknown ? right : left);
+    }
+    for (const auto& [text, other] : {std::pair(left, right), std::pair(right, left)}) {
+      const bool as_number = text.type.kind == ColumnKind::kText && IsNumber(other.type.kind);
+      if (as_number && text.column != nullptr) as_numbers_.push_back(text.column);
     }
   }
 
@@ -156,9 +195,9 @@ class Marker {
     if (!column || !MarkAt(pieces_, column->last + 1, ",")) return;
     const std::size_t close = Closing(pieces_, i + 1);
     if (column->last + 3 == close && IsLiteral(pieces_[close - 1])) {
-      MarkStored(pieces_[close - 1], column->kind);
+      pieces_[close - 1].beside.type = column->column->type;
     }
-    const std::string_view collation = CollationOf(column->kind);
+    const std::string_view collation = CollationOf(column->Kind());
     if (!collation.empty() && pieces_[close].after.empty()) {
       pieces_[close].after = Collate(collation);
     }
@@ -170,69 +209,86 @@ class Marker {
     while (MarkAt(pieces_, i + 1, ".")) i += 2;
     if (!NameAt(pieces_, i)) return;
     const Table& table = schema_.Find(NameOf(pieces_[i].token));
-    std::vector<ColumnKind> kinds;
+    std::vector<const Column*> columns;
     if (MarkAt(pieces_, i + 1, "(")) {
       const std::size_t close = Closing(pieces_, i + 1);
       for (const auto& [begin, end] : SplitAtCommas(pieces_, i + 2, close)) {
-        const auto kind = table.KindOf(Folded(NameOf(pieces_[end - 1].token)));
-        kinds.push_back(kind.value_or(ColumnKind::kUnknown));
+        columns.push_back(table.Find(Folded(NameOf(pieces_[end - 1].token))));
       }
       i = close;
     } else {
-      kinds = AllButAutomatic(table, pieces_[i]);
+      columns = AllButAutomatic(table, pieces_[i]);
     }
-    MarkInserted(i + 1, kinds);
+    MarkInserted(i + 1, columns);
   }
 
   /// Without a list, values stand for the columns in order, automatic columns left out.
-  static std::vector<ColumnKind> AllButAutomatic(const Table& table, Piece& name) {
-    std::vector<ColumnKind> kinds;
+  static std::vector<const Column*> AllButAutomatic(const Table& table, Piece& name) {
+    std::vector<const Column*> columns;
     std::string list;
     for (const Column& column : table.columns) {
       if (column.automatic) continue;
-      kinds.push_back(column.kind);
+      columns.push_back(&column);
       list += (list.empty() ? "" : ", ") + Quoted(column.name);
     }
-    if (table.has_identity && !kinds.empty()) name.after = "(" + list + ")";
-    return kinds;
+    if (table.has_identity && !columns.empty()) name.after = "(" + list + ")";
+    return columns;
   }
 
-  void MarkInserted(std::size_t i, const std::vector<ColumnKind>& kinds) {
+  void MarkInserted(std::size_t i, const std::vector<const Column*>& columns) {
     if (WordAt(pieces_, i, "VALUES")) {
       for (++i; MarkAt(pieces_, i, "("); i += MarkAt(pieces_, i + 1, ",") ? 2 : 1) {
         const std::size_t close = Closing(pieces_, i);
-        MarkItems(i + 1, close, kinds);
+        MarkItems(i + 1, close, columns);
         i = close;
       }
     } else if (WordAt(pieces_, i, "SELECT")) {
-      const std::size_t end =
-          FindWord(pieces_, i, pieces_.size(), {"FROM", "WHERE", "UNION", "ORDER"});
-      const bool distinct = WordAt(pieces_, i + 1, "DISTINCT") || WordAt(pieces_, i + 1, "ALL");
-      MarkItems(distinct ? i + 2 : i + 1, end, kinds);
+      MarkItems(FirstItem(i), FindWord(pieces_, i, pieces_.size(), {"FROM", "WHERE", "UNION"}),
+                columns);
+      const std::size_t next = FindWord(pieces_, i, pieces_.size(), {"UNION"});
+      MarkInserted(WordAt(pieces_, next + 1, "ALL") ? next + 2 : next + 1, columns);
     }
   }
 
-  void MarkItems(std::size_t begin, std::size_t end, const std::vector<ColumnKind>& kinds) {
+  std::size_t FirstItem(std::size_t select) const {
+    std::size_t i = select + 1;
+    if (WordAt(pieces_, i, "DISTINCT") || WordAt(pieces_, i, "ALL")) ++i;
+    if (!WordAt(pieces_, i, "TOP")) return i;
+    return MarkAt(pieces_, i + 1, "(") ? Closing(pieces_, i + 1) + 1 : i + 2;
+  }
+
+  void MarkItems(std::size_t begin, std::size_t end, const std::vector<const Column*>& columns) {
     std::size_t column = 0;
     for (const auto& [first, behind] : SplitAtCommas(pieces_, begin, end)) {
-      if (column == kinds.size()) return;
-      if (behind - first == 1 && IsLiteral(pieces_[first])) {
-        MarkStored(pieces_[first], kinds[column]);
-      }
-      ++column;
+      if (column == columns.size()) return;
+      if (MarkAt(pieces_, behind - 1, "*")) ThrowUnsupported("INSERT con SELECT *");
+      MarkAssigned({first, EndOfItem(first, behind)}, columns[column++]);
     }
+  }
+
+  /// The end of an item of a SELECT without its alias.
+  std::size_t EndOfItem(std::size_t first, std::size_t behind) const {
+    const std::size_t as = FindWord(pieces_, first, behind, {"AS"});
+    if (as != behind) return as;
+    const bool alias =
+        behind - first > 1 && NameAt(pieces_, behind - 1) && !IsArithmetic(behind - 2);
+    return alias ? behind - 1 : behind;
   }
 
   Pieces& pieces_;
   Schema& schema_;
   Scopes scopes_;
   Operands operands_;
+  std::vector<Assignment> assignments_;
+  std::vector<const Column*> as_numbers_;
   std::size_t set_ = kNowhere;
   std::size_t set_end_ = 0;
 };
 
 }  // namespace
 
-void MarkLiteralUses(Pieces& pieces, Schema& schema) { Marker(pieces, schema).Mark(); }
+std::vector<const Column*> MarkLiteralUses(Pieces& pieces, Schema& schema) {
+  return Marker(pieces, schema).Mark();
+}
 
 }  // namespace kvraedi::sqlite

@@ -100,7 +100,7 @@ ColumnKind Operands::KindOf(Stretch stretch) const {
     return pieces_[begin].token.kind == TokenKind::kText ? kText : kReal;
   }
   const auto column = scopes_.ColumnStartingAt(begin, schema_);
-  if (column && column->last + 1 == end) return column->kind;
+  if (column && column->last + 1 == end) return column->Kind();
   if (Opens(pieces_, begin) && EndOfGroup(pieces_, begin) + 1 == end) return KindOfGroup(stretch);
   if (MarkAt(pieces_, begin + 1, "(") && EndOfGroup(pieces_, begin + 1) + 1 == end) {
     return KindOfCall(begin + 1, end - 1);

@@ -10,13 +10,16 @@
 
 namespace kvraedi::sqlite {
 
-/// A token of a statement on its way to SQLite: what is written instead of it, and after it.
+/// A token of a statement on its way to SQLite: what is written before, instead of and after
+/// it.
 struct Piece {
   Token token;
   int literal = -1;  // its place among the statement's literals; -1 for one that stays as it is
-  LiteralUse use = LiteralUse::kPlain;
+  Beside beside;     // of a literal
+  std::string before;
   std::optional<std::string> written;  // empty text: left out
   std::string after;
+  const Column* keeper = nullptr;  // ends a value that kvr_guarda checks for this column
 };
 using Pieces = std::vector<Piece>;
 

@@ -6,18 +6,18 @@
 
 namespace kvraedi::sqlite {
 
-std::optional<ColumnKind> Table::KindOf(std::string_view folded_name) const {
+const Column* Table::Find(std::string_view folded_name) const {
   for (const Column& column : columns) {
-    if (column.name == folded_name) return column.kind;
+    if (column.name == folded_name) return &column;
   }
-  return std::nullopt;
+  return nullptr;
 }
 
 const Table& Schema::Find(std::string_view table) {
   const std::string name = Folded(table);
   const auto known = tables_.find(name);
   if (known != tables_.end()) return known->second;
-  return tables_.emplace(name, Read(name)).first->second;
+  return tables_.emplace(name, Read(std::string(table))).first->second;
 }
 
 Table Schema::Read(const std::string& table) {
@@ -33,7 +33,8 @@ Table Schema::Read(const std::string& table) {
     const std::string type = text(1);
     const bool identity = type == "INTEGER" && sqlite3_column_int(rows.get(), 2) != 0;
     const bool computed = sqlite3_column_int(rows.get(), 3) != 0;
-    result.columns.push_back({Folded(text(0)), KindOfDeclared(type), identity || computed});
+    result.columns.push_back(
+        {table, text(0), Folded(text(0)), TypeOfDeclared(type), identity || computed});
     result.has_identity = result.has_identity || identity;
   }
   return result;

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -12,18 +11,22 @@
 namespace kvraedi::sqlite {
 
 struct Column {
-  std::string name;  // folded
-  ColumnKind kind = ColumnKind::kUnknown;
+  std::string table;  // as the database calls it
+  std::string label;  // as the table calls it
+  std::string name;   // folded
+  ColumnType type;
   bool automatic = false;  // an identity or a computed column: never given a value
 };
 
 struct Table {
   std::vector<Column> columns;  // none when there is no such table
   bool has_identity = false;
-  std::optional<ColumnKind> KindOf(std::string_view folded_name) const;
+  /// Null when there is no such column.
+  const Column* Find(std::string_view folded_name) const;
 };
 
-/// The columns of the database's tables, read when they are first asked for.
+/// The columns of the database's tables, read when they are first asked for; they stay where they
+/// are until they are forgotten.
 class Schema {
  public:
   explicit Schema(Database& database) : database_(database) {}

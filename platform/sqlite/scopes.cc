@@ -87,8 +87,8 @@ std::optional<ColumnUse> Scopes::Resolve(std::size_t first, std::size_t last,
     const Scope& scope = scopes_[static_cast<std::size_t>(at)];
     for (const Source& source : scope.sources) {
       if (!qualifier.empty() && source.alias != qualifier) continue;
-      if (const auto kind = schema.Find(source.table).KindOf(column)) {
-        return ColumnUse{*kind, first, last, source.table};
+      if (const Column* known = schema.Find(source.table).Find(column)) {
+        return ColumnUse{known, first, last, source.table};
       }
     }
     if (scope.has_subquery) return std::nullopt;

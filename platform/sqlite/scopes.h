@@ -18,10 +18,11 @@ struct Source {
 
 /// A column named in a statement, with the pieces that name it.
 struct ColumnUse {
-  ColumnKind kind = ColumnKind::kUnknown;
+  const Column* column = nullptr;  // of the schema
   std::size_t first = 0;
   std::size_t last = 0;
   std::string table;  // folded
+  ColumnKind Kind() const { return column->type.kind; }
 };
 
 /// Knows which tables can be seen from each place of a statement.

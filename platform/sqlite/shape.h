@@ -13,7 +13,7 @@ enum class StatementKind : std::uint8_t {
   kQuery,
   kChange,
   kDefinition,  // of tables, indexes and functions: has no shape
-  kSetting,     // SET ...: has no meaning here
+  kSetting,     // SET ...: has no shape
 };
 
 /// A statement apart from its literals. Statements that differ only in their literals have the same

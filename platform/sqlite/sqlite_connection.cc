@@ -10,9 +10,11 @@
 #include "platform/sqlite/functions.h"
 #include "platform/sqlite/keyed_query.h"
 #include "platform/sqlite/lexer.h"
+#include "platform/sqlite/numbers.h"
 #include "platform/sqlite/scalar_functions.h"
 #include "platform/sqlite/schema.h"
 #include "platform/sqlite/script.h"
+#include "platform/sqlite/settings.h"
 #include "platform/sqlite/shape.h"
 #include "platform/sqlite/sqlite_recordset.h"
 #include "platform/sqlite/statement_cache.h"
@@ -48,6 +50,27 @@ int BindValue(sqlite3_stmt* statement, int index, const LiteralValue& value, boo
 /// Whether a definition is one of a function: "CREATE [OR ALTER] FUNCTION", "ALTER FUNCTION", ...
 bool DefinesFunction(const Pieces& pieces) {
   return WordAt(pieces, 1, "FUNCTION") || WordAt(pieces, 3, "FUNCTION");
+}
+
+/// Texts that are no numbers come behind all others.
+std::string LastAmongNumbers(const Column& column) {
+  const std::string name = Quoted(column.name);
+  return "SELECT " + name + " FROM " + Quoted(column.table) + " ORDER BY " + name + " COLLATE " +
+         std::string(kNumberCollation) + " DESC LIMIT 1";
+}
+
+void CheckNumber(Database& database, sqlite3_stmt* guard) {
+  if (!database.Step(guard)) {
+    sqlite3_reset(guard);
+    return;
+  }
+  const auto* const found = reinterpret_cast<const char*>(sqlite3_column_text(guard, 0));
+  const std::string text = found == nullptr ? "" : found;
+  sqlite3_reset(guard);
+  if (Trimmed(text).empty() || IsPlainNumber(text)) return;
+  throw Error(
+      kErrorDatabase, "SQLite",
+      "Error de conversión al convertir el valor varchar '" + text + "' al tipo de datos numeric.");
 }
 
 }  // namespace
@@ -94,17 +117,26 @@ Lease SqliteConnection::Impl::Acquire(std::string_view sql) {
   auto prepared = std::make_shared<Prepared>();
   prepared->key = shape_.key;
   prepared->slots = std::move(translation.slots);
+  for (const Column* column : translation.as_numbers) {
+    prepared->guards.push_back(database_->Prepare(LastAmongNumbers(*column), true));
+  }
   prepared->statement = database_->Prepare(translation.sql, shape_.cacheable);
   if (shape_.cacheable) cache_.Add(prepared);
   return Lease(std::move(prepared));
 }
 
-/// `copies` when the parameters must outlive the statement's text.
+/// Makes a statement ready to run. `copies` when the parameters must outlive its text.
 void SqliteConnection::Impl::Bind(const Lease& lease, bool copies) const {
+  for (const StatementPtr& guard : lease.Guards()) CheckNumber(*database_, guard.get());
   int index = 0;
   for (const Slot& slot : lease.Slots()) {
-    database_->Check(BindValue(lease.Statement(), ++index,
-                               Evaluate(shape_.literals[slot.literal], slot.use), copies));
+    ++index;
+    if (slot.literal == Slot::kColumn) {
+      database_->Check(BindColumn(lease.Statement(), index, *slot.beside.stored));
+    } else {
+      database_->Check(BindValue(lease.Statement(), index,
+                                 Evaluate(shape_.literals[slot.literal], slot.beside), copies));
+    }
   }
 }
 
@@ -118,7 +150,10 @@ std::unique_ptr<Recordset> SqliteConnection::Impl::Open(std::string_view sql) {
 
 std::int64_t SqliteConnection::Impl::Execute(std::string_view sql) {
   ReadShape(sql, shape_);
-  if (shape_.kind == StatementKind::kSetting) return 0;
+  if (shape_.kind == StatementKind::kSetting) {
+    CheckSetting(sql);
+    return 0;
+  }
   if (shape_.kind == StatementKind::kDefinition) {
     Define(sql);
     return 0;

@@ -17,6 +17,7 @@ namespace kvraedi::sqlite {
 struct Prepared {
   std::string key;  // its shape
   std::vector<Slot> slots;
+  std::vector<StatementPtr> guards;  // each gives a text that must be a number
   StatementPtr statement;
   bool in_use = false;
 };
@@ -31,6 +32,7 @@ class Lease {
 
   sqlite3_stmt* Statement() const { return prepared_->statement.get(); }
   const std::vector<Slot>& Slots() const { return prepared_->slots; }
+  const std::vector<StatementPtr>& Guards() const { return prepared_->guards; }
   bool Released() const { return prepared_ == nullptr; }
   void Release();
 

@@ -5,6 +5,7 @@
 
 #include "kvraedi/error.h"
 #include "platform/sqlite/collations.h"
+#include "platform/sqlite/numbers.h"
 #include "platform/sqlite/translation.h"
 
 namespace kvraedi::sqlite {
@@ -100,7 +101,7 @@ class Parser {
   void TakeComputed(ColumnDefinition& column, const Columns& before);
   void TakeType(ColumnDefinition& column);
   bool TakeOption(ColumnDefinition& column);
-  std::string TakeDefault(ColumnKind kind);
+  std::string TakeDefault(const ColumnDefinition& column);
   void TakeClustered();
   std::string TakeOrder();
   bool StartsKey() const;
@@ -109,24 +110,29 @@ class Parser {
   Pieces pieces_;
   Schema& schema_;
   const ScalarFunctions& functions_;
+  std::string table_;  // that columns are defined of
   std::size_t at_ = 0;
 };
 
 void Parser::TakeType(ColumnDefinition& column) {
-  const SqlType& type = FindSqlType(TakeName());
-  column.kind = type.kind;
-  column.type = type.declared;
-  if (!MarkAt(pieces_, at_, "(")) return;
-  const std::size_t close = Closing(pieces_, at_);
-  if (pieces_[at_ + 1].token.kind == TokenKind::kNumber) {
-    for (; at_ < close; ++at_) column.type += pieces_[at_].token.text;
-    column.type += ")";
+  const std::string name = TakeName();
+  std::vector<int> sizes;
+  bool max = false;
+  if (MarkAt(pieces_, at_, "(")) {
+    const std::size_t close = Closing(pieces_, at_);
+    for (; at_ < close; ++at_) {
+      const auto size = ParseInteger(pieces_[at_].token.text);
+      if (size) sizes.push_back(static_cast<int>(*size));
+      max = max || WordAt(pieces_, at_, "MAX");
+    }
+    ++at_;
   }
-  at_ = close + 1;
+  column.type = Declared(name, std::move(sizes), max);
+  column.kind = TypeOfDeclared(column.type).kind;
 }
 
 /// A value in parentheses, a call, or one signed piece. Always written in parentheses.
-std::string Parser::TakeDefault(ColumnKind kind) {
+std::string Parser::TakeDefault(const ColumnDefinition& column) {
   const auto place = [this](std::size_t i) {
     return pieces_.begin() + static_cast<std::ptrdiff_t>(i);
   };
@@ -139,7 +145,8 @@ std::string Parser::TakeDefault(ColumnKind kind) {
   const auto value = std::find_if(place(begin), place(at_), IsNoParenthesis);
   if (alone && IsLiteral(*value)) {
     const bool is_text = value->token.kind == TokenKind::kText;
-    value->written = ToSql(Evaluate({value->token.text, is_text}, UseBeside(kind, is_text)));
+    const Column stored{table_, column.name, "", TypeOfDeclared(column.type)};
+    value->written = ToSql(Evaluate({value->token.text, is_text}, {stored.type, &stored}));
   }
   return "(" + TranslateStretch(begin, at_) + ")";
 }
@@ -164,7 +171,7 @@ bool Parser::TakeOption(ColumnDefinition& column) {
   } else if (Take("CONSTRAINT") || Take("COLLATE")) {
     TakeName();
   } else if (Take("DEFAULT")) {
-    column.default_value = TakeDefault(column.kind);
+    column.default_value = TakeDefault(column);
   } else if (Take("IDENTITY")) {
     column.identity = true;
     if (MarkAt(pieces_, at_, "(")) at_ = Closing(pieces_, at_) + 1;
@@ -284,7 +291,7 @@ void ApplyKeys(std::vector<KeyDefinition>& keys, Columns& columns) {
 }
 
 std::string Parser::CreateTable() {
-  const std::string name = TakeName();
+  const std::string name = table_ = TakeName();
   Demand(TakeMark("("));
   Columns columns;
   std::vector<KeyDefinition> keys;
@@ -308,7 +315,8 @@ std::string Parser::CreateTable() {
 /// Only columns can be added.
 std::string Parser::AlterTable() {
   Demand(Take("TABLE"));
-  const std::string table = Quoted(TakeName());
+  table_ = TakeName();
+  const std::string table = Quoted(table_);
   Demand(Take("ADD") && !StartsKey());
   std::string text;
   do {
@@ -350,7 +358,8 @@ std::string Parser::CreateIndex() {
   const std::string target = " ON " + Quoted(table) + " (" + Quoted(first);
   std::string text = (unique ? "CREATE UNIQUE INDEX " : "CREATE INDEX ") + IndexName(table, index) +
                      target + rest + ")";
-  if (schema_.Find(table).KindOf(Folded(first)) != ColumnKind::kText) return text;
+  const Column* const column = schema_.Find(table).Find(Folded(first));
+  if (column == nullptr || column->type.kind != ColumnKind::kText) return text;
   return text + "; CREATE INDEX " + CompanionName(table, index) + target + " COLLATE " +
          std::string(kNumberCollation) + rest + ")";
 }

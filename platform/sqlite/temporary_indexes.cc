@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <map>
 
+#include "platform/sqlite/collations.h"
 #include "platform/sqlite/scopes.h"
 
 namespace kvraedi::sqlite {
@@ -12,9 +13,18 @@ bool NamesTemporary(const Piece& piece) {
   return IsName(piece) && NameOf(piece.token).starts_with('#');
 }
 
+std::string IndexOf(const std::string& table, const std::string& columns) {
+  std::string name = table;
+  name.append(": ").append(columns);
+  std::string index = "CREATE INDEX IF NOT EXISTS temp.";
+  index.append(Quoted(name)).append(" ON ").append(Quoted(table));
+  return index.append(" (").append(columns).append(")");
+}
+
 }  // namespace
 
-std::vector<std::string> TemporaryIndexes(const Pieces& pieces, Schema& schema) {
+std::vector<std::string> TemporaryIndexes(const Pieces& pieces, Schema& schema,
+                                          const std::vector<const Column*>& as_numbers) {
   std::vector<std::string> indexes;
   if (std::none_of(pieces.begin(), pieces.end(), NamesTemporary)) return indexes;
   const Scopes scopes(pieces);
@@ -29,12 +39,11 @@ std::vector<std::string> TemporaryIndexes(const Pieces& pieces, Schema& schema) 
     if (!list.empty()) list += ", ";
     list += Quoted(Folded(NameOf(name.token))) + " " + name.after;
   }
-  for (const auto& [table, list] : columns) {
-    std::string name = table;
-    name.append(": ").append(list);
-    std::string index = "CREATE INDEX IF NOT EXISTS temp.";
-    index.append(Quoted(name)).append(" ON ").append(Quoted(table));
-    indexes.push_back(index.append(" (").append(list).append(")"));
+  for (const auto& [table, list] : columns) indexes.push_back(IndexOf(table, list));
+  for (const Column* column : as_numbers) {
+    if (!column->table.starts_with('#')) continue;
+    indexes.push_back(IndexOf(Folded(column->table),
+                              Quoted(column->name) + " COLLATE " + std::string(kNumberCollation)));
   }
   return indexes;
 }

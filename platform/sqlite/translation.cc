@@ -16,8 +16,12 @@ class Writer {
  public:
   Translation Write(const Pieces& pieces) {
     for (const Piece& piece : pieces) {
+      Append(piece.before);
       Append(piece.written ? *piece.written : SqlOf(piece));
       Append(piece.after);
+      if (piece.keeper != nullptr) {
+        Append("," + Parameter(Slot::kColumn, {piece.keeper->type, piece.keeper}) + ")");
+      }
     }
     return std::move(result_);
   }
@@ -35,8 +39,8 @@ class Writer {
       case TokenKind::kText:
       case TokenKind::kNumber:
         if (piece.literal >= 0)
-          return Parameter(static_cast<std::size_t>(piece.literal), piece.use);
-        return ToSql(Evaluate({token.text, token.kind == TokenKind::kText}, piece.use));
+          return Parameter(static_cast<std::size_t>(piece.literal), piece.beside);
+        return ToSql(Evaluate({token.text, token.kind == TokenKind::kText}, piece.beside));
       case TokenKind::kBinary:
         return BinaryLiteral(token.text);
       case TokenKind::kQuotedName:
@@ -48,11 +52,11 @@ class Writer {
     }
   }
 
-  std::string Parameter(std::size_t literal, LiteralUse use) {
+  std::string Parameter(std::size_t literal, const Beside& beside) {
     std::size_t i = 0;
     auto& slots = result_.slots;
-    while (i < slots.size() && (slots[i].literal != literal || slots[i].use != use)) ++i;
-    if (i == slots.size()) slots.push_back({literal, use});
+    while (i < slots.size() && (slots[i].literal != literal || !(slots[i].beside == beside))) ++i;
+    if (i == slots.size()) slots.push_back({literal, beside});
     return "?" + std::to_string(i + 1);
   }
 
@@ -61,10 +65,11 @@ class Writer {
 
 Translation Finish(Pieces pieces, Schema& schema, const ScalarFunctions& functions) {
   functions.Inline(pieces);
-  MarkLiteralUses(pieces, schema);
+  auto as_numbers = MarkLiteralUses(pieces, schema);
   MarkDialect(pieces, schema);
   Translation translation = Writer().Write(pieces);
-  translation.indexes = TemporaryIndexes(pieces, schema);
+  translation.indexes = TemporaryIndexes(pieces, schema, as_numbers);
+  translation.as_numbers = std::move(as_numbers);
   return translation;
 }
 

@@ -13,12 +13,14 @@ namespace kvraedi::sqlite {
 
 /// A parameter of the translated text, numbered from 1 in this order.
 struct Slot {
-  std::size_t literal = 0;  // of the statement's literals
-  LiteralUse use = LiteralUse::kPlain;
+  static constexpr std::size_t kColumn = static_cast<std::size_t>(-1);
+  std::size_t literal = 0;  // of the statement's literals; kColumn: beside.stored itself
+  Beside beside;
 };
 
 struct Translation {
-  std::vector<std::string> indexes;  // definitions to run before it, of temporary tables
+  std::vector<std::string> indexes;       // definitions to run before it, of temporary tables
+  std::vector<const Column*> as_numbers;  // text columns of which every value must be a number
   std::string sql;
   std::vector<Slot> slots;
 };

@@ -61,7 +61,7 @@ TEST_F(Esquema, AceptaLoQuePuedeYRechazaLoQueLosDatosEstropean) {
        "UPDATE EDI_Centros_Administrativos SET Codigo = 'L0135900100' WHERE Codigo = 'L01'",
        "Element 'CentreCode'"},
       {"UPDATE EDI_Centros_Administrativos SET Localidad ="
-       " 'Una localidad de nombre mucho más largo que cincuenta caracteres'",
+       " 'Una localidad de nombre más largo que cincuenta caracteres'",
        "Element 'Town'"},
       {"UPDATE EDI_Centros_Administrativos SET Provincia = 'Santa Cruz de Tenerife'",
        "Element 'Province'"},

@@ -187,7 +187,7 @@ TEST_F(Desadv, RefusedFilesSayWhyAndLeaveNothing) {
       {linea + "QTYLIN|12|1e400|KGM", "campo 2: se esperaba un número"},
       {linea + "QTYLIN|61|99999999999999999999|PCE", "campo 2: se esperaba un número"},
       {linea + "QTYLIN|12|99999999999|PCE\nQTYLIN|59|99999999|PCE", "línea 7"},
-      {linea + "QTYLIN|61|900000000000000|KGM", "Desbordamiento"},
+      {linea + "QTYLIN|61|900000000000000|KGM", "desbordamiento"},
       {nota, "Tablas de Pedidos Incongruentes"},
       {"BGM|1\nNADDP|8430000000055\nLIN|101", "El albarán 1 no tiene fecha."},
       {"BGM|1\nRFF|||\nNADDP|8430000000055\nLIN|101", "El albarán 1 no tiene fecha."},

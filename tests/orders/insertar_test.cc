@@ -27,21 +27,21 @@ TEST_F(RecepcionPedidos, UnFicheroSeHacePedido) {
                   " Nombre_ClienteEntrega, Importe_Pagar, Importe_Base_Imponible, Bultos, Palets,"
                   " Num_Articulos, Num_Lineas, Peso_Bruto_Total, OK",
                   "EDI_PedidosClientes"),
-            "Ñu 'x'.DAT|00004711|220|9|2024-03-01 09:08:07|2024-02-26|2024-03-05||8400000000017|"
+            "Ñu 'x'.DAT|4711|220|9|2024-03-01 09:08:07|2024-02-26|2024-03-05||8400000000017|"
             "8411111111111|O'Donnell; S.A.|Gran Vía, 2|Madrid|28013|A28000000|8430000000055|"
             "Tienda|39.59|37|3|0|12|2||0\n");
   EXPECT_EQ(Filas("Doc_Num, Cod_Barras, Tipo_EAN, Num_Linea, Desc_Calificador,"
                   " Desc_Caracteristica, Desc_Cod, Descripcion, Cantidad_Calificador, Cantidad,"
                   " Cantidad_Medida, Importe_Neto_Linea",
                   "EDI_PedidosClientes_Lineas"),
-            "00004711|8410000000501|EN|1|F|M||Queso|21|2.5|KGM|18.5\n"
-            "00004711|999|EN||||||21|0|PCE|\n");
+            "4711|8410000000501|EN|1|F|M||Queso|21|2.5|KGM|18.5\n"
+            "4711|999|EN||||||21|0|PCE|\n");
   CrearPedidosClientes(ordenes);
   EXPECT_EQ(Filas("Cod_Empresa, Cod_Ejercicio, Codigo, Cod_Almacen, Cod_Cliente, Fecha,"
                   " Fecha_Entrega, Fecha_EntregaFin, Usuario, Ent_Nombre, Ent_Nombre_2,"
                   " Ent_Direccion, Ent_CP, Ent_Localidad, EDI_ID, EDI_Doc_Num",
                   "Pedidos_Clientes"),
-            "1|2024|1|5|100|2024-02-26|2024-03-05||7|Tienda|Tienda|Calle, 1|0|Vigo|1|00004711\n");
+            "1|2024|1|5|100|2024-02-26|2024-03-05||7|Tienda|Tienda|Calle, 1|0|Vigo|1|4711\n");
   EXPECT_EQ(Filas("Codigo, Num_Linea, Cod_Articulo, Cod_Barras, EDI_Num_Linea, Descripcion,"
                   " Cantidad, Cantidad_Medida, Importe_Neto_Linea",
                   "Pedidos_Clientes_Lineas ORDER BY Num_Linea"),

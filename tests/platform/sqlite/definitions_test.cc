@@ -40,7 +40,7 @@ TEST_F(DefinitionsTest, KeysDefaultsAndIdentity) {
         Codigo smallint NOT NULL,
         Nombre varchar(20) NOT NULL CONSTRAINT DF_N DEFAULT ('it''s; GO'),
         Alta datetime NOT NULL DEFAULT GETDATE(),
-        Baja smalldatetime DEFAULT '31/12/9999',
+        Baja datetime DEFAULT '31/12/9999',
         Tasa decimal(5,2) DEFAULT -1.5,
         CONSTRAINT [PK_Cab] PRIMARY KEY CLUSTERED ([Codigo] ASC) ON [PRIMARY]
       ) ON [PRIMARY]

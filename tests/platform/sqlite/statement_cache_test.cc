@@ -23,7 +23,7 @@ TEST_F(StatementCacheTest, StatementsOfOneShapeShareOneStatement) {
       {{"INSERT INTO T (A, B) VALUES (1, 'a')", "INSERT INTO T (A, B) VALUES (-2.5e3, 'it''s')"},
        2},
       {{"INSERT INTO T (A, B) VALUES (1, 'a')", "INSERT INTO T (A, B) VALUES (22, N'''')"}, 1},
-      {{"UPDATE T SET A = 1 WHERE B = 'x'", "UPDATE T SET A = 1 WHERE B = 5"}, 2},
+      {{"UPDATE T SET A = 1 WHERE B = 'x'", "UPDATE T SET A = 1 WHERE B = 5"}, 3},
       {{"SELECT A FROM T ORDER BY 1", "SELECT A FROM T ORDER BY 2 - 1"}, 2},
       {{"SELECT TOP 1 A FROM T", "SELECT TOP 2 A FROM T"}, 2},
       {{"SELECT CAST(B AS varchar(3)) FROM T", "SELECT CAST(B AS varchar(5)) FROM T"}, 2},
@@ -48,7 +48,7 @@ TEST_F(StatementCacheTest, SharedStatementsGetTheirOwnLiterals) {
             "1texto'12024-03-01\n2texto'22024-03-02\n3texto'32024-03-03");
   EXPECT_EQ(
       DescriptionOf([this] { db_->Execute("INSERT INTO T (A, B, F) VALUES (1, '', '3/3')"); }),
-      "La conversión del texto '3/3' en fecha no es posible.");
+      "La conversión del texto '3/3' en fecha no es posible. Tabla 'T', columna 'F'.");
   EXPECT_EQ(All("SELECT A FROM T WHERE F = '3/3/2024'"), "3");
   EXPECT_EQ(All("SELECT A FROM T WHERE F = '20240301'"), "1");
 }

@@ -36,7 +36,7 @@ TEST_F(TemporaryTablesTest, GetAnIndexOfTheColumnsComparedWithValues) {
 }
 
 TEST_F(TemporaryTablesTest, StatementsUseTheIndexAndFindWhatTheyFoundWithoutIt) {
-  for (const char* row : {"'4711', 'a'", "'00004711', 'b'", "'x', 'A '"}) {
+  for (const char* row : {"'4711', 'a'", "'00004711', 'b'", "'5', 'A '"}) {
     db_->Execute(std::string("INSERT INTO #Lin815 VALUES (") + row + ")");
   }
   const auto open = db_->Open("SELECT Art FROM #Lin815 ORDER BY ID");

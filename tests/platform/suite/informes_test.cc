@@ -130,14 +130,15 @@ TEST_F(InformesTest, ReadsTablesWhereTheyArePointedAt) {
   db->Execute(
       "CREATE TABLE Otras (Terminal nvarchar(40), Numero int, Nombre nvarchar(80), Fecha"
       " datetime, Total money)");
-  for (const char* lugar : {"main.dbo.Otras", "dbo.Otras", ".dbo.Otras", "Otras"}) {
+  for (const char* lugar :
+       {"main.dbo.Otras", "Gestión 2.dbo.Otras", "dbo.Otras", ".dbo.Otras", "Otras"}) {
     informe->Ubicar("cabeceras", {.ubicacion = lugar});
     EXPECT_EQ(informe->Documento().html, "") << lugar;
   }
   for (const char* lugar : {"", "a.b.c.d", "main.dbo.", "x];DROP TABLE Lineas;--"}) {
     EXPECT_NE(Fallo([&] { informe->Ubicar("Cabeceras", {.ubicacion = lugar}); }), "(ninguno)");
   }
-  informe->Ubicar("Cabeceras", {.ubicacion = "otra_base.dbo.Cabeceras"});
+  informe->Ubicar("Cabeceras", {.ubicacion = "otra_base.otro.Cabeceras"});
   EXPECT_EQ(Fallo([&] { informe->Documento(); }).rfind("Informe Prueba.rpt: ", 0), 0U);
 }
 
