@@ -1,6 +1,7 @@
 #include "host/demo/crear_demo.h"
 
 #include <algorithm>
+#include <fstream>
 #include <optional>
 #include <system_error>
 
@@ -58,6 +59,20 @@ void Comprobar(const OpcionesDemo& opciones, const fs::path& base) {
   }
 }
 
+// Stand-ins: the demonstration signer does not open them. Gives back the path of that of series 4,
+// whole, because the component takes the path of a series as it is.
+std::string CrearCertificados(const fs::path& carpeta) {
+  CrearCarpeta(carpeta);
+  const fs::path serie = fs::absolute(carpeta / "serie_4.pfx");
+  for (const fs::path& certificado : {carpeta / "empresa_1.pfx", serie}) {
+    if (!(std::ofstream(certificado) << "Certificado de demostración, sin ningún valor\n")
+             .flush()) {
+      Fallar("No se ha podido escribir " + Utf8(certificado));
+    }
+  }
+  return Utf8(serie);
+}
+
 // Passes on one step in several, so that telling costs nothing.
 class Contador {
  public:
@@ -78,7 +93,8 @@ void Llenar(Connection& conexion, const OpcionesDemo& opciones, const Progreso& 
   const std::int32_t tickets = opciones.facturas / kFacturasPorTicket;
   const Contador contador(progreso, opciones.facturas + tickets);
   const auto clientes =
-      CrearMaestros(conexion, azar, opciones.facturas / kFacturasPorClienteGenerado);
+      CrearMaestros(conexion, azar, opciones.facturas / kFacturasPorClienteGenerado,
+                    CrearCertificados(opciones.carpeta / "Certificados"));
   CrearFacturas(conexion, azar, clientes, opciones.facturas, contador);
   CrearTickets(conexion, azar, clientes, tickets,
                [&](std::int32_t hechos) { contador(opciones.facturas + hechos); });

@@ -17,7 +17,7 @@ constexpr auto kTablaEmpresas = std::to_array<EmpresaDemo>({
 constexpr auto kTablaParametros = std::to_array<ParametroDemo>({
     {1, "EDI_PathFichEnvios", "Envios"},
     {1, "EDI_PathFichRecibir", "Recepcion"},
-    {1, "EDI_PathCertificadoDigital", "certificado_1.pfx"},
+    {1, "EDI_PathCertificadoDigital", "Certificados/empresa_1.pfx"},
     {1, "EDI_PasswordCertificadoDigital", "demo"},
     {1, "EDI_GLNEmpresa", "8437000111115"},
     {1, "EDI_RegistroMercantil",

@@ -36,7 +36,7 @@ void CrearEmpresas(Connection& conexion) {
   }
 }
 
-void CrearTablasDeApoyo(Connection& conexion) {
+void CrearTablasDeApoyo(Connection& conexion, const std::string& certificado) {
   Tabla parametros(conexion, "Empresas_Parametros", "Cod_Empresa, Nombre, Valor");
   for (const ParametroDemo& p : kParametros) parametros.Insertar(p.empresa, p.nombre, p.valor);
   Tabla series(conexion, "Series",
@@ -44,7 +44,7 @@ void CrearTablasDeApoyo(Connection& conexion) {
   for (int serie = 1; serie <= 3; ++serie) {
     series.Insertar(1, serie, "Serie " + std::to_string(serie), nullptr, nullptr);
   }
-  series.Insertar(1, 4, "Serie 4, con certificado propio", "certificado_serie_4.pfx", "demo");
+  series.Insertar(1, 4, "Serie 4, con certificado propio", certificado, "demo");
   Tabla impuestos(conexion, "Impuestos", "Codigo, Nombre, Porcentaje");
   for (const ImpuestoDemo& i : kImpuestos) {
     impuestos.Insertar(i.codigo, i.nombre, Currency::FromUnits(i.porcentaje));
@@ -171,9 +171,10 @@ std::string Gln(std::int64_t numero) {
   return digits + std::to_string((10 - sum % 10) % 10);
 }
 
-std::vector<Cliente> CrearMaestros(Connection& conexion, Azar& azar, std::int32_t generados) {
+std::vector<Cliente> CrearMaestros(Connection& conexion, Azar& azar, std::int32_t generados,
+                                   const std::string& certificado) {
   CrearEmpresas(conexion);
-  CrearTablasDeApoyo(conexion);
+  CrearTablasDeApoyo(conexion, certificado);
   CrearCodigosPostales(conexion);
   CrearCentros(conexion);
   TablaClientes tabla(conexion, azar);

@@ -24,8 +24,10 @@ struct Cliente {
 };
 
 /// Fills the tables that the invoices refer to. Gives back the customers that invoices are made
-/// for: the fixed ones and `generados` more.
-std::vector<Cliente> CrearMaestros(Connection& conexion, Azar& azar, std::int32_t generados);
+/// for: the fixed ones and `generados` more. `certificado` is the path of the certificate of series
+/// 4.
+std::vector<Cliente> CrearMaestros(Connection& conexion, Azar& azar, std::int32_t generados,
+                                   const std::string& certificado);
 
 /// A GLN of the demo: 13 digits with their check digit. `numero` has nine digits at most.
 std::string Gln(std::int64_t numero);

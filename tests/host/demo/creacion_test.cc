@@ -19,18 +19,19 @@ TEST(CrearDemo, MakesTheFolders) {
   EXPECT_TRUE(fs::is_directory(carpeta.Ruta() / "Envios"));
   EXPECT_TRUE(fs::is_directory(carpeta.Ruta() / "Recepcion"));
   EXPECT_TRUE(fs::is_regular_file(carpeta.Ruta() / "Rpt" / "Factura.rpt"));
-  EXPECT_EQ(std::distance(fs::directory_iterator(carpeta.Ruta()), fs::directory_iterator()), 4)
+  EXPECT_EQ(std::distance(fs::directory_iterator(carpeta.Ruta()), fs::directory_iterator()), 5)
       << "nothing else stays behind";
+  SqliteConnection db((carpeta.Ruta() / "kvraedi.db").string());
+  EXPECT_TRUE(fs::is_regular_file(
+      db.Open("SELECT rutaCertificado FROM Series WHERE Codigo = 4")->Get<std::string>(0)));
 }
 
 TEST(CrearDemo, SameSeedSameContents) {
-  const CarpetaDemo a("a");
-  const CarpetaDemo b("b");
-  const CarpetaDemo c("c");
-  const std::string first = Leer(a.Crear(120, 7));
+  const CarpetaDemo carpeta("a");
+  const std::string first = Leer(carpeta.Crear(120, 7));
   ASSERT_GT(first.size(), 100000U);
-  EXPECT_TRUE(first == Leer(b.Crear(120, 7)));
-  EXPECT_FALSE(first == Leer(c.Crear(120, 8)));
+  EXPECT_TRUE(first == Leer(carpeta.Crear(120, 7, true)));
+  EXPECT_FALSE(first == Leer(carpeta.Crear(120, 8, true)));
 }
 
 TEST(CrearDemo, SizeIsTheNumberOfInvoices) {
