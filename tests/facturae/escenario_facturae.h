@@ -60,27 +60,41 @@ INSERT INTO TPV_Tickets_Factura (Cod_Empresa, Cod_Almacen, Caja, Fecha, Codigo, 
     ASSERT_TRUE(documento.load_file(fichero.c_str()));
   }
 
-  /// The leaves below an element in document order, as "Path/Below/It=text".
-  static void Hojas(pugi::xml_node nodo, const std::string& ruta, std::vector<std::string>& hojas) {
+  /// What stands below an element: "Leaf=text Container{Leaf=text ...}".
+  static std::string Resumen(pugi::xml_node nodo) {
+    std::string texto;
     for (const pugi::xml_node hijo : nodo.children()) {
       if (hijo.type() != pugi::node_element) continue;
-      const std::string camino = ruta + hijo.name();
-      const bool hoja =
-          !hijo.find_child([](pugi::xml_node n) { return n.type() == pugi::node_element; });
-      if (hoja) hojas.push_back(camino + "=" + hijo.text().get());
-      Hojas(hijo, camino + "/", hojas);
+      const std::string dentro = Resumen(hijo);
+      texto += (texto.empty() ? "" : " ") + std::string(hijo.name()) +
+               (dentro.empty() ? "=" + std::string(hijo.text().get()) : "{" + dentro + "}");
     }
+    return texto;
   }
-  std::vector<std::string> Hojas(const std::string& xpath) const {
-    std::vector<std::string> hojas;
-    Hojas(documento.document_element().select_node(xpath.c_str()).node(), "", hojas);
-    return hojas;
+  std::string Zona(const std::string& xpath) const {
+    return Resumen(documento.document_element().select_node(xpath.c_str()).node());
   }
   std::string Texto(const std::string& xpath) const {
     return documento.document_element().select_node(xpath.c_str()).node().text().get();
   }
   std::size_t Cuantos(const std::string& xpath) const {
     return documento.document_element().select_nodes(xpath.c_str()).size();
+  }
+
+  /// A row of the sending table, or of the attachments, of the invoice or of the ticket.
+  void Insertar(const std::string& tabla, bool ticket, const std::string& columnas,
+                const std::string& valores) {
+    base->Execute("INSERT INTO " + tabla +
+                  (ticket ? " (Cod_Empresa_FT, Cod_Almacen_FT, Caja_FT, Fecha_FT, Codigo_FT, "
+                          : " (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, ") +
+                  columnas + ") VALUES (" +
+                  (ticket ? "1, 2, 3, '05/03/2024', 77, " : "1, 2024, 3, 123, 0, ") + valores +
+                  ")");
+  }
+  void Anexar(const std::string& nombre, const std::string& hexadecimal, bool ticket = false) {
+    Insertar("EDI_Anexos", ticket,
+             "Cod_EDIPlat, Cod_EDITipoMsg, NombreAnexo, DescripcionAnexo, Stream",
+             "3, 1, '" + nombre + "', 'Descripción', 0x" + hexadecimal);
   }
 
   std::filesystem::path fichero = carpeta / "doc.xml";
