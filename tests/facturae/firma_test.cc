@@ -7,6 +7,7 @@
 
 #include "dispatch/frmEnvioFactura.h"
 #include "facturae/documento.h"
+#include "facturae/fecha_registro.h"
 #include "facturae/modFactura_E.h"
 #include "frame/codigo1252.h"
 #include "tests/apoyo/cliente_facturae.h"
@@ -71,7 +72,14 @@ class Firma : public PantallaEnvio {
     PantallaEnvio::Enviar();
   }
   fs::path Trabajo() const { return perfil / "Ormo" / "EDI"; }
-  std::string Registro() const { return Contenido(Trabajo() / "respuesta.txt"); }
+  std::string Registro() const { return Leer1252(Contenido(Trabajo() / "respuesta.txt")); }
+  void InsertarEnvio(const std::string& plataforma, const std::string& codigo,
+                     const char* revision = "NULL") {
+    base->Execute(
+        "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, Cod_Empresa, Cod_Ejercicio,"
+        " Serie, Codigo, TipoDoc, Revision) VALUES (" +
+        plataforma + ", 1, 1, 2024, 3, " + codigo + ", 0, " + revision + ")");
+  }
   int Registros() const { return Contar("SELECT COUNT(*) FROM EDI_Envio_Facturas"); }
   /// The box that the routine showed during the last sending, before the one of the batch.
   std::string Caja() const {
@@ -91,12 +99,8 @@ TEST_F(Firma, ASignedInvoiceIsRecordedLoggedAndMarked) {
   EXPECT_EQ(UltimoAviso(), kExito);
   EXPECT_EQ(Ficheros("Temp"), Nombres());
   EXPECT_EQ(Ficheros("2024"), Nombres{std::string(kLote) + ".xsig"});
-  EXPECT_NE(Contenido(envios / "2024" / (std::string(kLote) + ".xsig")).find("<ds:Signature "),
-            std::string::npos);
   EXPECT_EQ(Registro(),
-            "20240301090807 C\xF3"
-            "digo Registro: R'123 C\xF3"
-            "digo Seguimiento: T456,"
+            "20240301090807 Código Registro: R'123 Código Seguimiento: T456,"
             " Fecha Registro:  16/11/2026\r\n");
   EXPECT_EQ(Columna(kGenerada), (Celdas{"X", ""}));
   EXPECT_EQ(Columna(kSeleccion), (Celdas{"0", "0"}));
@@ -118,113 +122,121 @@ TEST_F(Firma, TheRequestIsPrivateAndNamesEverything) {
   std::ofstream(Trabajo() / "entrada.xml") << "left by an interrupted run";
   Enviar(1);
   EXPECT_EQ(observado.permisos, 0600U);
-  std::size_t sitio = 0;
   const std::string politica =
       "http://www.facturae.es/politica_de_firma_formato_facturae/"
       "politica_de_firma_formato_facturae_v3_1.pdf";
-  for (const std::string& elemento :
-       {"<politica>" + politica + "</politica>",
-        std::string("<hashPolitica>Ohixl6upD6av8N7pEvDABhEL6hM=</hashPolitica>"),
-        "<URIPolitica>" + politica + "</URIPolitica>",
-        "<rutaXML>" + (envios / "Temp").string() + "/" + kLote + "_sinFirmar.xml</rutaXML>",
-        "<rutaXMLFirmada>" + (envios / "2024").string() + "/" + kLote + ".xsig</rutaXMLFirmada>",
-        "<rutaCertificado>" + (carpeta / "empresa.pfx").string() + "</rutaCertificado>",
-        std::string("<password>clave&amp;&lt;empresa&gt;</password>"),
-        std::string("<exportar>0</exportar>"),
-        std::string("<mail>facturas@nandu.example</mail>")}) {
-    const std::size_t aqui = observado.entrada.find(elemento);
-    ASSERT_NE(aqui, std::string::npos) << elemento << observado.entrada;
-    EXPECT_GT(aqui, sitio) << elemento;
-    sitio = aqui;
-  }
+  EXPECT_EQ(observado.entrada,
+            "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<entrada>\n  <politica>" + politica +
+                "</politica>\n  <hashPolitica>Ohixl6upD6av8N7pEvDABhEL6hM=</hashPolitica>\n"
+                "  <URIPolitica>" +
+                politica + "</URIPolitica>\n  <rutaXML>" + (envios / "Temp" / kLote).string() +
+                "_sinFirmar.xml</rutaXML>\n"
+                "  <rutaXMLFirmada>" +
+                (envios / "2024" / kLote).string() + ".xsig</rutaXMLFirmada>\n  <rutaCertificado>" +
+                (carpeta / "empresa.pfx").string() +
+                "</rutaCertificado>\n  <password>clave&amp;&lt;empresa&gt;</password>\n"
+                "  <exportar>0</exportar>\n  <mail>facturas@nandu.example</mail>\n</entrada>\n");
 }
 
 TEST_F(Firma, TheSeriesCertificateGoesBeforeTheCompanys) {
-  const struct {
-    const char *cambio, *ruta, *password;
-  } casos[] = {
-      {"INSERT INTO Series VALUES (1, 3, 'Serie', 'serie.pfx', 'de la serie')", "serie.pfx",
-       "de la serie"},
-      {"UPDATE Series SET rutaCertificado = ''", "empresa.pfx", "clave&amp;&lt;empresa&gt;"},
-      {"UPDATE Series SET rutaCertificado = NULL", "empresa.pfx", "clave&amp;&lt;empresa&gt;"},
-      {"UPDATE Series SET rutaCertificado = 'otra.pfx', Codigo = 4", "empresa.pfx",
-       "clave&amp;&lt;empresa&gt;"}};
-  for (const auto& [cambio, ruta, password] : casos) {
+  const std::string comun = "empresa.pfx</rutaCertificado>\n  <password>clave&amp;&lt;empresa&gt;";
+  const std::pair<const char*, std::string> casos[] = {
+      {"INSERT INTO Series VALUES (1, 3, 'Serie', 'serie.pfx', 'de la serie')",
+       "<rutaCertificado>serie.pfx</rutaCertificado>\n  <password>de la serie</password>"},
+      {"UPDATE Series SET rutaCertificado = ''", comun},
+      {"UPDATE Series SET rutaCertificado = NULL", comun},
+      {"UPDATE Series SET rutaCertificado = 'otra.pfx', Codigo = 4", comun}};
+  for (const auto& [cambio, certificado] : casos) {
     base->Execute(cambio);
     Enviar(1);
     EXPECT_EQ(UltimoAviso(), kExito);
-    EXPECT_NE(observado.entrada.find(std::string(ruta) + "</rutaCertificado>"), std::string::npos)
-        << cambio;
-    EXPECT_NE(observado.entrada.find("<password>" + std::string(password) + "</password>"),
-              std::string::npos)
-        << cambio;
+    EXPECT_NE(observado.entrada.find(certificado), std::string::npos) << observado.entrada;
   }
-}
-
-TEST_F(Firma, WithoutACertificateNothingIsStarted) {
   base->Execute("DELETE FROM Empresas_Parametros WHERE Nombre = 'EDI_PathCertificadoDigital'");
   LeerEmpresa();
+  observado.entrada.clear();
   Enviar(1);
   EXPECT_EQ(Caja(),
             "¡ Atención !|Debe especificar la ruta del Certificado Digital usado para firmar.");
   EXPECT_EQ(UltimoAviso(), kFallo);
   EXPECT_EQ(Ficheros("Temp"), Nombres{std::string(kLote) + "_sinFirmar.xml"});
-  EXPECT_EQ(observado.entrada, "");
-  EXPECT_FALSE(fs::exists(Trabajo() / "respuesta.txt"));
+  EXPECT_EQ(observado.entrada, "") << "nothing was started";
 }
 
 TEST_F(Firma, WhateverTheSignerDoesOnlyOkIsRecorded) {
-  const std::string vacia = "20240301090807 Error: El programa de env\xEDo al WS ha fallado\r\n";
-  const std::string titulo = "modFactura_E:FACTURA_E|";
-  const std::string respuesta = ". Respuesta del firmador: ";
-  const std::string incompleta = titulo + "La respuesta del firmador está incompleta" + respuesta;
-  const std::string fecha =
-      titulo + "La fecha de registro de la respuesta del firmador no es una fecha" + respuesta;
+  const std::string vacia = "El programa de envío al WS ha fallado";
+  const std::string incompleta = "La respuesta del firmador está incompleta";
+  const std::string fecha = "La fecha de registro de la respuesta del firmador no es una fecha";
   const std::string cinco(51, 'x');
   const std::string larga = "OK," + cinco + "," + cinco + ",16/11/2026";  // 105 with the dash
-  const std::string largos =
-      titulo +
-      "Los códigos de registro y seguimiento no caben en los 100 caracteres de"
-      " EDINumeroRegistro" +
-      respuesta;
-  const std::string basura = titulo + "El fichero " + (Trabajo() / "salida.xml").string() +
-                             " no contiene un documento XML válido" + respuesta;
   const struct {
-    std::string modo;
-    std::string linea, caja;  ///< a box of the routine stands in the log as well
+    std::string modo, linea;
+    std::string respuesta = "";  ///< behind an error, which a box tells too
   } casos[] = {
-      {"nada", vacia, ""},
-      {"vacio", vacia, ""},
-      {"muere", vacia, ""},
-      {"responde:", vacia, ""},
-      {"rechaza", "20240301090807 Error: ERROR,El certificado ha caducado\r\n", ""},
-      {"responde:ok,R1,T1,16/11/2026", "20240301090807 Error: ok,R1,T1,16/11/2026\r\n", ""},
-      {"corto", "", incompleta + "OK,R123"},
-      {"responde:OK,R1,T1,31/02/2026", "", fecha + "OK,R1,T1,31/02/2026"},
-      {"responde:OK,R1,T1,", "", fecha + "OK,R1,T1,"},
-      {"responde:" + larga, "", largos + larga},
-      {"basura", "", basura + "<salida><nombre>OK,R1"},
-      {"responde: \n", vacia, ""},
+      {"nada", vacia},
+      {"vacio", vacia},
+      {"muere", vacia},
+      {"responde: \n", vacia},
+      {"rechaza", "ERROR,El certificado ha caducado"},
+      {"responde:ok,R1,T1,16/11/2026", "ok,R1,T1,16/11/2026"},
+      {"corto", incompleta, "OK,R123"},
+      {"responde:OK,R1,T1,31/02/2026", fecha, "OK,R1,T1,31/02/2026"},
+      {"responde:OK,R1,T1,", fecha, "OK,R1,T1,"},
+      {"responde:" + larga,
+       "Los códigos de registro y seguimiento no caben en los 100 caracteres de EDINumeroRegistro",
+       larga},
+      {"basura",
+       "El fichero " + (Trabajo() / "salida.xml").string() + " no contiene un documento XML válido",
+       "<salida><nombre>OK,R1"},
   };
-  base->Execute(
-      "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, Cod_Empresa, Cod_Ejercicio,"
-      " Serie, Codigo, TipoDoc) VALUES (3, 1, 1, 2024, 3, 1, 0)");
+  InsertarEnvio("3", "1");
   Enviar(1);  // leaves an answer behind, and a record
-  fs::remove(Trabajo() / "respuesta.txt");
-  for (const auto& caso : casos) {
-    SCOPED_TRACE(caso.modo);
-    Firmador(caso.modo.c_str());
+  for (const auto& [modo, linea, respuesta] : casos) {
+    SCOPED_TRACE(modo);
+    fs::remove(Trabajo() / "respuesta.txt");
+    Firmador(modo.c_str());
     Enviar(1);
     EXPECT_EQ(UltimoAviso(), kFallo);
-    EXPECT_EQ(Caja(), caso.caja);
-    EXPECT_EQ(Leer1252(Registro()),
-              caso.caja.empty()
-                  ? Leer1252(caso.linea)
-                  : "20240301090807 Error: " + caso.caja.substr(titulo.size()) + "\r\n");
+    const std::string error =
+        respuesta.empty() ? linea : linea + ". Respuesta del firmador: " + respuesta;
+    EXPECT_EQ(Registro(), "20240301090807 Error: " + error + "\r\n");
+    EXPECT_EQ(Caja(), respuesta.empty() ? "" : "modFactura_E:FACTURA_E|" + error);
     EXPECT_EQ(Contar("SELECT COUNT(*) FROM EDI_Envio_Facturas WHERE Copias = 1"), 1);
     EXPECT_EQ(Ficheros("Temp"), Nombres{std::string(kLote) + "_sinFirmar.xml"});
     EXPECT_FALSE(fs::exists(Trabajo() / "entrada.xml"));
-    fs::remove(Trabajo() / "respuesta.txt");
+  }
+}
+
+TEST(FechaRegistro, IsReadInEveryOrdinaryForm) {
+  const std::pair<std::string_view, std::string_view> casos[] = {
+      {"16/11/2026", "2026-11-16"},
+      {"16-11-2026", "2026-11-16"},
+      {"6.1.2026", "2026-01-06"},
+      {"16/11/26", "2026-11-16"},
+      {"2026/11/16", "2026-11-16"},
+      {"20261116", "2026-11-16"},
+      {"11/16/2026", "2026-11-16"},
+      {"16 nov 2026", "2026-11-16"},
+      {"16 de Noviembre de 2026", "2026-11-16"},
+      {"16-AUG-2026 10.11", "2026-08-16 10:11:00"},
+      {"20261116101112", "2026-11-16 10:11:12"},
+      {"20261116T1011", "2026-11-16 10:11:00"},
+      {"2026-11-16T10:11:12.345Z", "2026-11-16 10:11:12"},
+      {"2026-11-16T10:11:12+01:00", "2026-11-16 10:11:12"},
+      {"2026-11-16+01:00", "2026-11-16"},
+      {"16/11/2026 9:05:07 CET", "2026-11-16 09:05:07"},
+      {"16/11/2026 9:05 PM", "2026-11-16 21:05:00"},
+      {"16/11/2026 9:05:07 p. m.", "2026-11-16 21:05:07"},
+      {"16/11/2026 12:05a.m. [Europe/Madrid]", "2026-11-16 00:05:00"},
+      {"16/11/2026 12 PM PST", "2026-11-16 12:00:00"}};
+  for (const auto& [texto, fecha] : casos) {
+    const auto leida = facturae::LeerFechaRegistro(texto);
+    EXPECT_EQ(leida ? leida->ToIso() : "ninguna", fecha) << texto;
+  }
+  for (const std::string_view texto : {"", "hoy", "31/02/2026", "13/13/2026", "16/11", "16/11/202",
+                                       "1611/2026", "16/11/1899", "2026-11-161", "16/11/2026 25:00",
+                                       "16/11/2026 9:5", "16/11/2026 10:11:12 5", "16 xyz 2026"}) {
+    EXPECT_FALSE(facturae::LeerFechaRegistro(texto)) << texto;
   }
 }
 
@@ -270,9 +282,8 @@ TEST_F(Firma, AMissingSignerIsABox) {
 }
 
 TEST_F(Firma, ASecondSendingIsCorrectiveAndReplacesEveryRecord) {
-  base->Execute(
-      "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, Cod_Empresa, Cod_Ejercicio,"
-      " Serie, Codigo, TipoDoc) VALUES (2, 1, 1, 2024, 3, 1, 0), (2, 1, 1, 2024, 3, 2, 0)");
+  InsertarEnvio("2", "1");
+  InsertarEnvio("2", "2");
   Enviar(1);  // another platform's sending has no revision: the first one stays at 0
   Enviar(1);
   EXPECT_EQ(UltimoAviso(), kExito);
@@ -332,10 +343,8 @@ class FirmaConFallos : public Firma {
     for (const fs::path& resto : {perfil / "Ormo", envios / "2024", envios / "Temp"}) {
       fs::remove_all(resto);
     }
-    base->Run(
-        "DELETE FROM EDI_Envio_Facturas;"
-        "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, Cod_Empresa, Cod_Ejercicio,"
-        " Serie, Codigo, TipoDoc, Revision) VALUES (3, 1, 1, 2024, 3, 1, 0, 2)");
+    base->Execute("DELETE FROM EDI_Envio_Facturas");
+    InsertarEnvio("3", "1", "2");
     Preparar();
     fallo.FallarEn(operacion);
     Enviar(1);
