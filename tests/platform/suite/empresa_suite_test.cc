@@ -5,15 +5,9 @@
 namespace kvraedi {
 namespace {
 
-class EmpresaSuiteTest : public BaseSuite {
- protected:
-  void Parametro(const std::string& values) {
-    db->Execute("INSERT INTO Empresas_Parametros (Cod_Empresa, Nombre, Valor) VALUES (" + values +
-                ")");
-  }
-};
+class EmpresaSuiteTest : public BaseSuite {};
 
-TEST_F(EmpresaSuiteTest, ReadsItsOwnRow) {
+TEST_F(EmpresaSuiteTest, ReadsItsOwnRowAndNoOther) {
   const EmpresaSuite empresa(*db, 7, "/demo");
   EXPECT_EQ(empresa.CodigoEmpresa(), 7);
   EXPECT_EQ(empresa.EmpresaArticulos(), 3);
@@ -22,29 +16,22 @@ TEST_F(EmpresaSuiteTest, ReadsItsOwnRow) {
   EXPECT_TRUE(empresa.AplicaIGIC());
   EXPECT_FALSE(EmpresaSuite(*db, 1, "/demo").AplicaIGIC());
   EXPECT_EQ(empresa.RutaAplicacion(), "/demo");
-}
-
-TEST_F(EmpresaSuiteTest, UnknownCompanyIsAnError) {
-  try {
-    const EmpresaSuite empresa(*db, 9, "/demo");
-    FAIL();
-  } catch (const Error& error) {
-    EXPECT_EQ(error.Description(), "No existe la empresa 9.");
-  }
+  EXPECT_EQ(Fallo([&] { EmpresaSuite(*db, 9, "/demo"); }), "No existe la empresa 9.");
+  db->Close();
+  EXPECT_EQ(empresa.PorcentajeImpuesto(3), Currency::FromUnits(70000)) << "needs no statement";
+  EXPECT_EQ(Fallo([&] { empresa.PorcentajeImpuesto(5); }), "No existe el tipo de impuesto 5.");
 }
 
 TEST_F(EmpresaSuiteTest, Parameters) {
-  Parametro("7, 'EDI_PathFichEnvios', 'Envíos de ñ'");
-  Parametro("7, 'EDI_PathFichRecibir', '/otra/carpeta'");
-  Parametro("7, 'EDI_PathCertificadoDigital', ''");
-  Parametro("7, 'EDI_GLNEmpresa', '0843700011111'");
-  Parametro("7, 'UsuarioActual', NULL");
-  Parametro("1, 'ODBCNombre', 'de otra empresa'");
+  for (const char* valores :
+       {"7, 'EDI_PathFichEnvios', 'Envíos de ñ'", "7, 'EDI_PathFichRecibir', '/otra/carpeta'",
+        "7, 'EDI_PathCertificadoDigital', ''", "7, 'EDI_GLNEmpresa', '0843700011111'",
+        "7, 'UsuarioActual', NULL", "1, 'ODBCNombre', 'de otra empresa'"}) {
+    db->Execute("INSERT INTO Empresas_Parametros (Cod_Empresa, Nombre, Valor) VALUES (" +
+                std::string(valores) + ")");
+  }
   const EmpresaSuite empresa(*db, 7, "/demo con blancos");
-  const struct {
-    const char* nombre;
-    Valor valor;
-  } casos[] = {
+  const std::pair<const char*, Valor> casos[] = {
       {"EDI_PathFichEnvios", "/demo con blancos/Envíos de ñ"},
       {"edi_pathfichenvios", "/demo con blancos/Envíos de ñ"},
       {"EDI_PathFichRecibir", "/otra/carpeta"},
@@ -52,34 +39,8 @@ TEST_F(EmpresaSuiteTest, Parameters) {
       {"EDI_GLNEmpresa", "0843700011111"},
       {"UsuarioActual", {}},
       {"ODBCNombre", {}},
-      {"", {}},
-  };
-  for (const auto& caso : casos)
-    EXPECT_EQ(empresa.Parametro(caso.nombre), caso.valor) << caso.nombre;
-}
-
-TEST_F(EmpresaSuiteTest, ItsFolderAndTheNameOfTheDatabaseMayBeToldApart) {
-  Parametro("7, 'RutaAplicacion', 'suite'");
-  Parametro("7, 'EDI_PathFichEnvios', 'Envios'");
-  Parametro("7, 'ODBCBaseDatos', 'la de ayer'");
-  const EmpresaSuite empresa(*db, 7, "/demo", "la de hoy");
-  EXPECT_EQ(empresa.RutaAplicacion(), "/demo/suite");
-  EXPECT_EQ(empresa.Parametro("EDI_PathFichEnvios"), Valor("/demo/suite/Envios"));
-  EXPECT_EQ(empresa.Parametro("ODBCBaseDatos"), Valor("la de hoy"));
-  EXPECT_EQ(EmpresaSuite(*db, 7, "/demo").Parametro("ODBCBaseDatos"), Valor("la de ayer"));
-}
-
-TEST_F(EmpresaSuiteTest, TaxRatesNeedNoStatement) {
-  const EmpresaSuite empresa(*db, 7, "/demo");
-  db->Close();
-  EXPECT_EQ(empresa.PorcentajeImpuesto(3), Currency::FromUnits(70000));
-  EXPECT_EQ(empresa.PorcentajeImpuesto(4), Currency::FromUnits(95000));
-  try {
-    empresa.PorcentajeImpuesto(5);
-    FAIL();
-  } catch (const Error& error) {
-    EXPECT_EQ(error.Description(), "No existe el tipo de impuesto 5.");
-  }
+      {"", {}}};
+  for (const auto& [nombre, valor] : casos) EXPECT_EQ(empresa.Parametro(nombre), valor) << nombre;
 }
 
 }  // namespace

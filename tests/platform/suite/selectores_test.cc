@@ -152,12 +152,7 @@ TEST_F(SelectoresTest, SearchTakesTextLiterally) {
   EXPECT_TRUE(toolkit.Messages().empty());
 }
 
-TEST_F(SelectoresTest, SearchIsBounded) {
-  for (int i = 0; i < 250; ++i) Cliente("1, " + std::to_string(1000 + i) + ", 'Generado'");
-  Buscar(*clientes, "gen", [](ui::Form& form) { EXPECT_EQ(Columna(form, 0).size(), 200U); });
-}
-
-TEST_F(SelectoresTest, UserSearchesAgainAndAccepts) {
+TEST_F(SelectoresTest, TheUserSearchesAgainAndAcceptsOrNot) {
   const auto elegido = Buscar(*clientes, "nada", [](ui::Form& form) {
     auto& texto = Control<TextBox>(form, "txtTexto");
     texto.Type("hijos");
@@ -166,14 +161,13 @@ TEST_F(SelectoresTest, UserSearchesAgainAndAccepts) {
     Control<Button>(form, "cmdAceptar").Press();
   });
   EXPECT_EQ(elegido, "5");
-}
-
-TEST_F(SelectoresTest, NothingIsChosenUnlessAccepted) {
-  EXPECT_FALSE(
-      Buscar(*clientes, "", [](ui::Form& form) { Control<Button>(form, "cmdCancelar").Press(); }));
-  EXPECT_FALSE(Buscar(*clientes, "", [](ui::Form&) {}));
-  EXPECT_FALSE(Buscar(*clientes, "nada",
-                      [](ui::Form& form) { Control<Grid>(form, "vsFilas").PressEnter(); }));
+  for (const auto& sinAceptar : std::initializer_list<std::function<void(ui::Form&)>>{
+           [](ui::Form& form) { Control<Button>(form, "cmdCancelar").Press(); }, [](ui::Form&) {},
+           [](ui::Form& form) { Control<Grid>(form, "vsFilas").PressEnter(); }}) {
+    EXPECT_FALSE(Buscar(*clientes, "nada", sinAceptar));
+  }
+  for (int i = 0; i < 250; ++i) Cliente("1, " + std::to_string(1000 + i) + ", 'Generado'");
+  Buscar(*clientes, "gen", [](ui::Form& form) { EXPECT_EQ(Columna(form, 0).size(), 200U); });
 }
 
 TEST_F(SelectoresTest, ChosenLevelReplacesThatLevel) {
