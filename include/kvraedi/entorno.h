@@ -72,7 +72,7 @@ class KVRAEDI_API Entorno {
   virtual std::unique_ptr<FileWriter> Create(const std::filesystem::path& file) = 0;
   /// A new file that only its owner may read or write; raises when something stands there already.
   virtual std::unique_ptr<FileWriter> CreatePrivate(const std::filesystem::path& file) = 0;
-  /// All bytes of the file.
+  /// All bytes of the file. Only plain files are read, here and below: a pipe or a device raises.
   virtual std::string ReadFile(const std::filesystem::path& file) = 0;
   /// An existing file, read block by block.
   virtual std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) = 0;

@@ -95,17 +95,29 @@ class EscritorPosix : public FileWriter {
   Descriptor fichero_;
 };
 
+/// Opens a plain file to be read: a pipe or a device could keep its reader for ever.
+class Lectura : public Descriptor {
+ public:
+  explicit Lectura(const fs::path& ruta)
+      : Descriptor(ruta, O_RDONLY | O_NONBLOCK, "No se puede leer"), estado_(Estado()) {
+    if (S_ISDIR(estado_.st_mode)) FalloSistema("No se puede leer", ruta, EISDIR);
+    if (!S_ISREG(estado_.st_mode)) FalloSistema("No se puede leer", ruta, ESPIPE);
+  }
+  const struct stat& Abierto() const { return estado_; }
+
+ private:
+  struct stat estado_;
+};
+
 class LectorPosix : public FileReader {
  public:
-  explicit LectorPosix(const fs::path& ruta) : fichero_(ruta, O_RDONLY, "No se puede leer") {
-    if (S_ISDIR(fichero_.Estado().st_mode)) FalloSistema("No se puede leer", ruta, EISDIR);
-  }
+  explicit LectorPosix(const fs::path& ruta) : fichero_(ruta) {}
   std::size_t Read(std::span<char> block) override {
     return fichero_.Leer(block.data(), block.size());
   }
 
  private:
-  Descriptor fichero_;
+  Lectura fichero_;
 };
 
 char Minuscula(char letra) {
@@ -192,10 +204,9 @@ std::unique_ptr<FileWriter> CrearSiNoExiste(const fs::path& ruta) {
 }
 
 std::string LeerFichero(const fs::path& ruta) {
-  Descriptor fichero(ruta, O_RDONLY, "No se puede leer");
-  const auto estado = fichero.Estado();
+  Lectura fichero(ruta);
   // One byte more than the file holds, so that its end is met without growing.
-  std::string bytes(static_cast<std::size_t>(estado.st_size) + 1, '\0');
+  std::string bytes(static_cast<std::size_t>(fichero.Abierto().st_size) + 1, '\0');
   std::size_t total = 0;
   while (const std::size_t leidos = fichero.Leer(bytes.data() + total, bytes.size() - total)) {
     total += leidos;
@@ -215,7 +226,7 @@ std::vector<std::string> ListarFicheros(const fs::path& carpeta, std::string_vie
   fs::directory_iterator entrada(carpeta, fallo);
   for (; !fallo && entrada != fs::directory_iterator(); entrada.increment(fallo)) {
     std::string nombre = entrada->path().filename().string();
-    if (TerminaEn(nombre, final) && ExisteFichero(entrada->path())) {
+    if (TerminaEn(nombre, final) && S_ISREG(ModoDe(entrada->path()))) {
       nombres.push_back(std::move(nombre));
     }
   }
@@ -229,11 +240,9 @@ std::unique_ptr<FileWriter> AbrirAlFinal(const fs::path& ruta) {
 }
 
 void CopiarFichero(const fs::path& origen, const fs::path& destino) {
-  Descriptor desde(origen, O_RDONLY, "No se puede leer");
-  const auto estado = desde.Estado();
-  if (S_ISDIR(estado.st_mode)) FalloSistema("No se puede copiar", origen, EISDIR);
+  Lectura desde(origen);
   // Emptying the destination would lose the source.
-  if (MismoFichero(estado, destino)) {
+  if (MismoFichero(desde.Abierto(), destino)) {
     FalloSistema("No se puede copiar sobre sí mismo", origen, EINVAL);
   }
 
