@@ -12,6 +12,7 @@
 #include "frame/puertos.h"
 #include "frame/sesion.h"
 #include "frame/sql.h"
+#include "orders/codigo_gln.h"
 #include "orders/error_desadv.h"
 
 namespace kvraedi::desadv {
@@ -84,8 +85,9 @@ void AnotarDesconocidos(const Tablas& tablas, Connection& conexion, FicheroLog& 
   }
 }
 
-void AgregarLineas(CompraMini& compra, const Albaran& albaran, const Tablas& tablas,
-                   Connection& conexion) {
+/// All of them before the first is handed over: the suite works on the same connection.
+std::vector<LineaCompraMini> LeerLineas(const Albaran& albaran, const Tablas& tablas,
+                                        Connection& conexion) {
   const auto rs = conexion.Open(
       Sql("SELECT lin.*", " FROM ", tablas.lineas, " lin ",
           " INNER JOIN Articulos a ON a.Cod_Empresa =", EmpresaActual().EmpresaArticulos(),
@@ -95,10 +97,12 @@ void AgregarLineas(CompraMini& compra, const Albaran& albaran, const Tablas& tab
   const int unidades = rs->Field("Unidades");
   const int caducidad = rs->Field("LoteCaducidad");
   const int lote = rs->Field("LoteNro");
+  std::vector<LineaCompraMini> lineas;
   for (; !rs->Eof(); rs->MoveNext()) {
-    compra.AgregarLinea({rs->Get<std::int32_t>(articulo), rs->Get<Currency>(unidades),
-                         rs->Get<FechaHora>(caducidad), rs->Get<std::string>(lote)});
+    lineas.push_back({rs->Get<std::int32_t>(articulo), rs->Get<Currency>(unidades),
+                      rs->Get<FechaHora>(caducidad), rs->Get<std::string>(lote)});
   }
+  return lineas;
 }
 
 FechaHora Hoy() {
@@ -107,14 +111,19 @@ FechaHora Hoy() {
   return hoy;
 }
 
+/// A second look for the warehouse, whose GLN may be stored with dots.
+void BuscarAlmacen(Albaran& albaran) {
+  const auto codigos = CodigosSinPuntos("Almacenes", EmpresaActual().CodigoEmpresa(), albaran.gln);
+  if (codigos.size() == 1) albaran.almacen = Estrechar<std::int16_t>(codigos.front());
+}
+
 void ComprobarAlbaran(const Albaran& albaran, FicheroLog& log) {
   if (albaran.almacen == 0) {
     log.Escribir(0, kRutina,
                  "Albarán: " + albaran.numero + ", GLN de almacén desconocido: " + albaran.gln);
     Fallar("El GLN de Almacén no se encuentran en el sistema.");
   }
-  constexpr FechaHora kSinFecha{1900, 1, 1};  // what the database makes of an empty text
-  if (albaran.fecha <= kSinFecha) Fallar("El albarán " + albaran.numero + " no tiene fecha.");
+  if (albaran.fecha == FechaHora()) Fallar("El albarán " + albaran.numero + " no tiene fecha.");
 }
 
 void CrearCompra(const Albaran& albaran, const Tablas& tablas, std::int32_t proveedor) {
@@ -127,7 +136,7 @@ void CrearCompra(const Albaran& albaran, const Tablas& tablas, std::int32_t prov
                          .documento = albaran.numero,
                          .usuario = Entero<std::int16_t>(ParametroTexto("UsuarioActual"))});
   compra->NuevoCodigo();
-  AgregarLineas(*compra, albaran, tablas, *conexion);
+  for (const auto& linea : LeerLineas(albaran, tablas, *conexion)) compra->AgregarLinea(linea);
   compra->Guardar();
 }
 
@@ -138,9 +147,10 @@ void CrearComprasMini(const Tablas& tablas, const std::filesystem::path& ajustes
   const std::int32_t proveedor = ProveedorCentralizado(ajustes);
   Connection& conexion = ConexionActual();
   ComprobarCongruencia(tablas, conexion, log);
-  const auto albaranes = LeerAlbaranes(tablas, conexion);
+  auto albaranes = LeerAlbaranes(tablas, conexion);
   AnotarDesconocidos(tablas, conexion, log);
-  for (const Albaran& albaran : albaranes) {
+  for (Albaran& albaran : albaranes) {
+    if (albaran.almacen == 0) BuscarAlmacen(albaran);
     ComprobarAlbaran(albaran, log);
     CrearCompra(albaran, tablas, proveedor);
   }

@@ -17,6 +17,8 @@
 #include "frame/transaccion.h"
 #include "kvraedi/error.h"
 #include "orders/bitacora.h"
+#include "orders/codigo_gln.h"
+#include "orders/lector_barras.h"
 
 namespace kvraedi {
 namespace {
@@ -52,10 +54,15 @@ std::optional<std::int32_t> Numero(std::string_view texto) {
   return valor;
 }
 
-/// A staged date; nothing when it is null or none. The database keeps an empty date as 01/01/1900.
+/// A staged day; nothing when it is null or none.
 std::optional<FechaHora> Fecha(const Recordset& rs, std::string_view campo) {
+  return DiaUsable(rs.GetOrEmpty<std::string_view>(campo));
+}
+
+/// The same for a day of delivery: the database keeps an empty one as 01/01/1900.
+std::optional<FechaHora> FechaDeEntrega(const Recordset& rs, std::string_view campo) {
   constexpr FechaHora kVacia{1900, 1, 1};
-  const auto fecha = FechaHora::Parse(rs.GetOrEmpty<std::string>(campo));
+  const auto fecha = Fecha(rs, campo);
   return fecha == kVacia ? std::nullopt : fecha;
 }
 
@@ -64,8 +71,8 @@ PedidoRecibido LeerPedido(const Recordset& rs) {
   pedido.numero = rs.Get<std::string>("Doc_Num");
   if (!rs.IsNull("Cod_Almacen")) pedido.almacen = rs.Get<std::int16_t>("Cod_Almacen");
   pedido.emision = Fecha(rs, "Fecha_Emision");
-  pedido.envio = Fecha(rs, "Fecha_Envio");
-  pedido.envioFin = Fecha(rs, "Fecha_EnvioFin");
+  pedido.envio = FechaDeEntrega(rs, "Fecha_Envio");
+  pedido.envioFin = FechaDeEntrega(rs, "Fecha_EnvioFin");
   pedido.glnCliente = rs.GetOrEmpty<std::string>("GLN_Cliente");
   pedido.id = rs.Get<std::int32_t>("ID");
   pedido.nombre = rs.GetOrEmpty<std::string>("Nombre_ClienteEntrega");
@@ -94,6 +101,7 @@ class Creacion {
   void Crear();
   bool Congruentes();
   std::vector<PedidoRecibido> LeerPedidos();
+  std::int16_t BuscarAlmacen(const PedidoRecibido& pedido);
   std::int32_t BuscarCliente(const PedidoRecibido& pedido);
   void Guardar(const PedidoRecibido& pedido);
 
@@ -127,6 +135,17 @@ std::vector<PedidoRecibido> Creacion::LeerPedidos() {
   return pedidos;
 }
 
+/// A second look for the warehouse, whose GLN may be stored with dots.
+std::int16_t Creacion::BuscarAlmacen(const PedidoRecibido& pedido) {
+  const auto rs = conexion_.Open(
+      Sql("SELECT GLN_ClienteEntrega FROM EDI_PedidosClientes WHERE ID =", pedido.id));
+  const auto gln = rs->Eof() ? std::string() : rs->GetOrEmpty<std::string>(0);
+  const auto codigos = CodigosSinPuntos("Almacenes", EmpresaActual().CodigoEmpresa(), gln);
+  if (codigos.empty()) Fallar(pedido.numero, "su GLN de entrega no es el de ningún almacén");
+  if (codigos.size() > 1) Fallar(pedido.numero, "su GLN de entrega es el de más de un almacén");
+  return Estrechar<std::int16_t>(codigos.front());
+}
+
 /// The customer of that GLN; otherwise the value is the customer's code.
 std::int32_t Creacion::BuscarCliente(const PedidoRecibido& pedido) {
   const std::string& gln = pedido.glnCliente;
@@ -134,7 +153,7 @@ std::int32_t Creacion::BuscarCliente(const PedidoRecibido& pedido) {
     return conexion_.Open(Sql("SELECT Codigo FROM Clientes WHERE Cod_Empresa =",
                               EmpresaActual().EmpresaClientes(), condicion));
   };
-  if (gln.empty()) Fallar(pedido.numero, "no tiene GLN de cliente");
+  if (Recortar(gln).empty()) Fallar(pedido.numero, "no tiene GLN de cliente (NADBY, campo 1)");
   const auto porGln = clientes(Sql(" AND EDI_GLN =", SqlTexto{gln}));
   if (!porGln->Eof()) {
     const auto codigo = porGln->Get<std::int32_t>("Codigo");
@@ -142,6 +161,9 @@ std::int32_t Creacion::BuscarCliente(const PedidoRecibido& pedido) {
     if (!porGln->Eof()) Fallar(pedido.numero, "el GLN " + gln + " es el de más de un cliente");
     return codigo;
   }
+  const auto sinPuntos = CodigosSinPuntos("Clientes", EmpresaActual().EmpresaClientes(), gln);
+  if (sinPuntos.size() > 1) Fallar(pedido.numero, "el GLN " + gln + " es el de más de un cliente");
+  if (!sinPuntos.empty()) return sinPuntos.front();
   const auto codigo = Numero(gln);
   if (!codigo || clientes(Sql(" AND Codigo =", *codigo))->Eof()) {
     Fallar(pedido.numero, "el GLN " + gln + " no es el de ningún cliente");
@@ -150,14 +172,14 @@ std::int32_t Creacion::BuscarCliente(const PedidoRecibido& pedido) {
 }
 
 void Creacion::Guardar(const PedidoRecibido& pedido) {
-  if (!pedido.almacen) Fallar(pedido.numero, "su GLN de entrega no es el de ningún almacén");
+  const std::int16_t almacen = pedido.almacen ? *pedido.almacen : BuscarAlmacen(pedido);
   if (!hechos_.insert(pedido.id).second) {
     Fallar(pedido.numero, "su GLN de entrega es el de más de un almacén");
   }
   if (!pedido.emision) Fallar(pedido.numero, "no tiene fecha de emisión");
   const auto nuevo =
       SuiteActual().NuevoPedidoCliente(SesionActual().conexion, SesionActual().empresa);
-  nuevo->Almacen(*pedido.almacen);
+  nuevo->Almacen(almacen);
   nuevo->Codigo(nuevo->NuevoCodigo(pedido.emision->year));
   nuevo->Cliente(BuscarCliente(pedido));
   nuevo->FechaPedido(*pedido.emision);

@@ -6,9 +6,19 @@
 #include "frame/codigo1252.h"
 #include "frame/formato.h"
 #include "frame/numero.h"
+#include "frame/recortar.h"
 #include "kvraedi/error.h"
 
 namespace kvraedi {
+
+std::optional<FechaHora> DiaUsable(std::string_view texto) {
+  constexpr FechaHora kPrimero{1900, 1, 1};
+  constexpr FechaHora kUltimo{2079, 6, 6};
+  auto dia = Recortar(texto).empty() ? std::nullopt : FechaHora::Parse(texto);
+  if (!dia) return std::nullopt;
+  dia->hour = dia->minute = dia->second = 0;
+  return *dia < kPrimero || *dia > kUltimo ? std::nullopt : dia;
+}
 
 LectorBarras::LectorBarras(std::string nombre, std::unique_ptr<FileReader> fichero)
     : nombre_(std::move(nombre)), lector_(std::move(fichero)) {}
@@ -49,16 +59,18 @@ std::string_view LectorBarras::Texto(std::size_t campo) const {
   return Tiene(campo) ? campos_[campo] : std::string_view();
 }
 
-std::string_view LectorBarras::Texto(std::size_t campo, std::size_t ancho) const {
+std::string_view LectorBarras::TextoLimpio(std::size_t campo) const {
   const std::string_view texto = Texto(campo);
   const auto control = [](char letra) { return letra >= 0 && letra < ' ' && letra != '\t'; };
   if (std::any_of(texto.begin(), texto.end(), control)) {
     Rechazar(campo, "se esperaba un texto sin caracteres de control");
   }
-  if (texto.size() > ancho && PrimerosCaracteres(texto, ancho).size() != texto.size()) {
-    Rechazar(campo, "se esperaba un texto de " + std::to_string(ancho) + " caracteres como máximo");
-  }
   return texto;
+}
+
+std::string_view LectorBarras::Gln(std::size_t campo) const {
+  if (Recortar(Texto(campo)).empty()) Rechazar(campo, "se esperaba un GLN");
+  return TextoLimpio(campo);
 }
 
 std::string LectorBarras::Lugar() const {
@@ -70,6 +82,26 @@ Currency LectorBarras::Numero(std::size_t campo) const {
   const auto numero = NumeroRecibido(Texto(campo));
   if (!numero) Rechazar(campo, "se esperaba un número");
   return *numero;
+}
+
+std::string LectorBarras::Cifras(std::size_t campo) const {
+  constexpr std::ptrdiff_t kMasCifras = 38;
+  std::string numero(Recortar(Texto(campo)));
+  if (numero.empty()) return "0";
+  std::replace(numero.begin(), numero.end(), ',', '.');
+  const auto esCifra = [](char letra) { return letra >= '0' && letra <= '9'; };
+  const bool signo = numero.front() == '-' || numero.front() == '+';
+  const auto resto = std::string_view(numero).substr(signo ? 1 : 0);
+  const auto cifras = std::count_if(resto.begin(), resto.end(), esCifra);
+  const auto puntos = std::count(resto.begin(), resto.end(), '.');
+  if (cifras == 0 || puntos > 1 || cifras + puntos != static_cast<std::ptrdiff_t>(resto.size())) {
+    Rechazar(campo, "se esperaba un número");
+  }
+  if (cifras > kMasCifras) {
+    Rechazar(campo,
+             "se esperaba un número de " + std::to_string(kMasCifras) + " cifras como máximo");
+  }
+  return numero;
 }
 
 void LectorBarras::Rechazar(std::size_t campo, std::string_view motivo) const {

@@ -13,9 +13,6 @@
 namespace kvraedi::desadv {
 namespace {
 
-constexpr std::size_t kAnchoAlbaran = 17;
-constexpr std::size_t kAnchoArticulo = 17;
-constexpr std::size_t kAnchoGln = 35;
 constexpr std::size_t kAnchoLote = 50;
 constexpr std::size_t kCantidad = 2;  // the field of QTYLIN
 
@@ -30,8 +27,8 @@ bool CabeEn32Bits(std::string_view cifras) {
 
 std::string Caducidad(std::string_view texto) {
   constexpr std::size_t kLargo = 8;
-  const auto fecha = texto.size() == kLargo && SonCifras(texto) ? FechaHora::Parse(texto)
-                                                                : std::optional<FechaHora>();
+  const auto fecha =
+      texto.size() == kLargo && SonCifras(texto) ? DiaUsable(texto) : std::optional<FechaHora>();
   return fecha ? FormatearFecha(*fecha, "dd/mm/yyyy") : "01/01/1900";
 }
 
@@ -83,7 +80,15 @@ class Lectura {
   void PciLin();
 
   std::string Ahora() const { return FechaTexto(entorno_.Now()); }
-  std::string Cantidad() const;
+  /// Runs a statement; what refuses it is told with the record's place.
+  template <class... Piezas>
+  std::int64_t Ejecutar(const Piezas&... piezas) {
+    try {
+      return conexion_.Execute(Sql(piezas...));
+    } catch (const Error& error) {
+      throw Error(error.Number(), error.Source(), lector_.Lugar() + ": " + error.Description());
+    }
+  }
   std::string Unidades(std::string_view cantidad) const;
   void PonerUnidades(std::string_view signo, std::string_view cantidad, std::string_view final);
 
@@ -106,55 +111,45 @@ constexpr std::array<Lectura::Registro, 6> Lectura::kRegistros = {{{"BGM", &Lect
                                                                    {"PCILIN", &Lectura::PciLin}}};
 
 void Lectura::Bgm() {
-  albaran_ = lector_.Texto(1, kAnchoAlbaran);
+  albaran_ = lector_.TextoLimpio(1);
   if (Recortar(albaran_).empty()) lector_.Rechazar(1, "se esperaba un número de albarán");
   // The database alone knows which numbers it takes for equal.
-  const auto iguales = conexion_.Execute(
-      Sql("UPDATE ", tablas_.cabecera, " SET Hora = Hora WHERE Doc_Num =", SqlTexto{albaran_}));
+  const auto iguales =
+      Ejecutar("UPDATE ", tablas_.cabecera, " SET Hora = Hora WHERE Doc_Num =", SqlTexto{albaran_});
   if (iguales > 0) lector_.Rechazar(1, "se esperaba un albarán que no esté ya en el fichero");
-  conexion_.Execute(Sql("INSERT INTO ", tablas_.cabecera, " (Fichero, Doc_Num, Hora) VALUES (",
-                        SqlTexto{fichero_}, ", ", SqlTexto{albaran_}, ", ", SqlTexto{Ahora()},
-                        ")"));
+  Ejecutar("INSERT INTO ", tablas_.cabecera, " (Fichero, Doc_Num, Hora) VALUES (",
+           SqlTexto{fichero_}, ", ", SqlTexto{albaran_}, ", ", SqlTexto{Ahora()}, ")");
 }
 
 void Lectura::Rff() {
   constexpr std::size_t kFecha = 3;
   if (!lector_.Tiene(kFecha)) return;
-  const std::string_view fecha = lector_.Texto(kFecha);
-  if (!FechaHora::Parse(fecha)) lector_.Rechazar(kFecha, "se esperaba una fecha");
-  conexion_.Execute(Sql("UPDATE ", tablas_.cabecera, " SET Fecha =", SqlTexto{fecha},
-                        " WHERE Doc_Num =", SqlTexto{albaran_}));
+  const auto dia = DiaUsable(lector_.Texto(kFecha));
+  if (!dia) lector_.Rechazar(kFecha, std::string("se esperaba una fecha").append(kDiaUsable));
+  const std::string fecha = FormatearFecha(*dia, "yyyymmdd");
+  Ejecutar("UPDATE ", tablas_.cabecera, " SET Fecha =", SqlTexto{fecha},
+           " WHERE Doc_Num =", SqlTexto{albaran_});
 }
 
 void Lectura::NadDp() {
-  conexion_.Execute(Sql("UPDATE ", tablas_.cabecera,
-                        " SET GLN_Almacen = ", SqlTexto{lector_.Texto(1, kAnchoGln)},
-                        " WHERE Doc_Num =", SqlTexto{albaran_}));
+  Ejecutar("UPDATE ", tablas_.cabecera, " SET GLN_Almacen = ", SqlTexto{lector_.Gln(1)},
+           " WHERE Doc_Num =", SqlTexto{albaran_});
 }
 
 void Lectura::Lin() {
-  const std::string_view articulo = lector_.Texto(1, kAnchoArticulo);
+  const std::string_view articulo = lector_.TextoLimpio(1);
   const std::string_view cifras = Recortar(articulo);
   if (!SonCifras(cifras) || (!cifras.empty() && !CabeEn32Bits(cifras))) {
     lector_.Rechazar(1, "se esperaba un código de artículo");
   }
   articulo_ = articulo;
-  const auto filas = conexion_.Execute(
-      Sql("UPDATE ", tablas_.lineas, " SET Hora = Hora", " WHERE Fichero = ", SqlTexto{fichero_},
-          " AND Doc_Num = ", SqlTexto{albaran_}, " AND Cod_Articulo = ", SqlTexto{articulo_}));
+  const auto filas = Ejecutar(
+      "UPDATE ", tablas_.lineas, " SET Hora = Hora", " WHERE Fichero = ", SqlTexto{fichero_},
+      " AND Doc_Num = ", SqlTexto{albaran_}, " AND Cod_Articulo = ", SqlTexto{articulo_});
   if (filas > 0) return;
-  conexion_.Execute(Sql("INSERT INTO ", tablas_.lineas,
-                        "(Fichero, Doc_Num, Cod_Articulo, Hora) VALUES (", SqlTexto{fichero_}, ", ",
-                        SqlTexto{albaran_}, ", ", SqlTexto{articulo_}, ", ", SqlTexto{Ahora()},
-                        ")"));
-}
-
-/// The quantity with all the decimals that the file gives, for a statement.
-std::string Lectura::Cantidad() const {
-  static_cast<void>(lector_.Numero(kCantidad));  // raises when it is no number
-  std::string cantidad(Recortar(lector_.Texto(kCantidad)));
-  std::replace(cantidad.begin(), cantidad.end(), ',', '.');
-  return cantidad.empty() ? "0" : cantidad;
+  Ejecutar("INSERT INTO ", tablas_.lineas, "(Fichero, Doc_Num, Cod_Articulo, Hora) VALUES (",
+           SqlTexto{fichero_}, ", ", SqlTexto{albaran_}, ", ", SqlTexto{articulo_}, ", ",
+           SqlTexto{Ahora()}, ")");
 }
 
 /// The pending packages by the quantity of each.
@@ -177,7 +172,7 @@ void Lectura::QtyLin() {
         return lector_.Texto(3) == candidata.unidad && lector_.Texto(1) == candidata.calificador;
       });
   if (regla == std::end(kReglas)) return;
-  const std::string cantidad = Cantidad();
+  const std::string cantidad = lector_.Cifras(kCantidad);
   switch (regla->efecto) {
     case Efecto::kSumar:
       return PonerUnidades("+ ", cantidad, "");
@@ -193,18 +188,17 @@ void Lectura::QtyLin() {
 
 void Lectura::PonerUnidades(std::string_view signo, std::string_view cantidad,
                             std::string_view final) {
-  conexion_.Execute(Sql("UPDATE ", tablas_.lineas, " SET Unidades = Unidades ", signo, cantidad,
-                        final, " WHERE Doc_Num =", SqlTexto{albaran_},
-                        "   AND Cod_Articulo =", SqlTexto{articulo_}));
+  Ejecutar("UPDATE ", tablas_.lineas, " SET Unidades = Unidades ", signo, cantidad, final,
+           " WHERE Doc_Num =", SqlTexto{albaran_}, "   AND Cod_Articulo =", SqlTexto{articulo_});
 }
 
 void Lectura::PciLin() {
   if (articulo_.empty()) return;
   const std::string_view lote = PrimerosCaracteres(lector_.Texto(8), kAnchoLote);
   const std::string caducidad = Caducidad(lector_.Texto(2));
-  conexion_.Execute(Sql("UPDATE ", tablas_.lineas, " SET LoteNro =", SqlTexto{lote},
-                        " ,LoteCaducidad =", SqlTexto{caducidad}, " WHERE Doc_Num =",
-                        SqlTexto{albaran_}, "   AND Cod_Articulo =", SqlTexto{articulo_}));
+  Ejecutar("UPDATE ", tablas_.lineas, " SET LoteNro =", SqlTexto{lote},
+           " ,LoteCaducidad =", SqlTexto{caducidad}, " WHERE Doc_Num =", SqlTexto{albaran_},
+           "   AND Cod_Articulo =", SqlTexto{articulo_});
 }
 
 }  // namespace

@@ -1,9 +1,13 @@
 #include "orders/leer_pedidos.h"
 
 #include <cstdint>
+#include <iterator>
+#include <set>
 #include <span>
+#include <utility>
 
 #include "frame/formato.h"
+#include "frame/numero.h"
 #include "frame/recortar.h"
 #include "frame/sql.h"
 #include "kvraedi/error.h"
@@ -11,54 +15,41 @@
 namespace kvraedi {
 namespace {
 
-enum class Clase : std::uint8_t { kTexto, kNumero, kFecha };
+enum class Clase : std::uint8_t { kTexto, kGln, kNumero, kEmision, kFecha };
 
 /// A column of a staging table and the field of the record that it takes.
 struct Columna {
   std::size_t campo;
   std::string_view nombre;
   Clase clase;
-  std::size_t ancho = 0;  ///< of a text
 };
 
-constexpr std::size_t kAnchoGln = 35;
-constexpr std::size_t kAnchoNombre = 175;
-constexpr std::size_t kAnchoLocalidad = 70;
-constexpr std::size_t kAnchoCodigo = 10;
-constexpr std::size_t kAnchoPedido = 17;
-constexpr std::size_t kAnchoDescripcion = 350;
-
 constexpr Columna kDtm[] = {
-    {1, "Fecha_Emision", Clase::kFecha},
+    {1, "Fecha_Emision", Clase::kEmision},
     {2, "Fecha_Ini_Entrega", Clase::kFecha},
     {3, "Fecha_Fin_Entrega", Clase::kFecha},
 };
-constexpr Columna kNadSu[] = {{1, "GLN_Proveedor", Clase::kTexto, kAnchoGln}};
+constexpr Columna kNadSu[] = {{1, "GLN_Proveedor", Clase::kTexto}};
 constexpr Columna kNadBy[] = {
-    {1, "GLN_Cliente", Clase::kTexto, kAnchoGln},
-    {5, "Nombre_Cliente", Clase::kTexto, kAnchoNombre},
-    {6, "Direccion_Cliente", Clase::kTexto, kAnchoNombre},
-    {7, "Localidad_Cliente", Clase::kTexto, kAnchoLocalidad},
-    {8, "CP_Cliente", Clase::kTexto, kAnchoCodigo},
-    {9, "Nif_Cliente", Clase::kTexto, kAnchoGln},
+    {1, "GLN_Cliente", Clase::kGln},         {5, "Nombre_Cliente", Clase::kTexto},
+    {6, "Direccion_Cliente", Clase::kTexto}, {7, "Localidad_Cliente", Clase::kTexto},
+    {8, "CP_Cliente", Clase::kTexto},        {9, "Nif_Cliente", Clase::kTexto},
 };
 constexpr Columna kNadDp[] = {
-    {1, "GLN_ClienteEntrega", Clase::kTexto, kAnchoGln},
-    {3, "Nombre_ClienteEntrega", Clase::kTexto, kAnchoNombre},
-    {4, "Direccion_ClienteEntrega", Clase::kTexto, kAnchoNombre},
-    {5, "Localidad_ClienteEntrega", Clase::kTexto, kAnchoLocalidad},
-    {6, "CP_ClienteEntrega", Clase::kTexto, kAnchoCodigo},
+    {1, "GLN_ClienteEntrega", Clase::kGln},         {3, "Nombre_ClienteEntrega", Clase::kTexto},
+    {4, "Direccion_ClienteEntrega", Clase::kTexto}, {5, "Localidad_ClienteEntrega", Clase::kTexto},
+    {6, "CP_ClienteEntrega", Clase::kTexto},
 };
 constexpr Columna kImdLin[] = {
-    {1, "Desc_Calificador", Clase::kTexto, kAnchoCodigo},
-    {2, "Desc_Caracteristica", Clase::kTexto, kAnchoCodigo},
-    {3, "Desc_Cod", Clase::kTexto, kAnchoGln},
-    {4, "Descripcion", Clase::kTexto, kAnchoDescripcion},
+    {1, "Desc_Calificador", Clase::kTexto},
+    {2, "Desc_Caracteristica", Clase::kTexto},
+    {3, "Desc_Cod", Clase::kTexto},
+    {4, "Descripcion", Clase::kTexto},
 };
 constexpr Columna kQtyLin[] = {
-    {1, "Cantidad_Calificador", Clase::kTexto, kAnchoCodigo},
+    {1, "Cantidad_Calificador", Clase::kTexto},
     {2, "Cantidad", Clase::kNumero},
-    {3, "Cantidad_Medida", Clase::kTexto, kAnchoCodigo},
+    {3, "Cantidad_Medida", Clase::kTexto},
 };
 constexpr Columna kMoaLin[] = {{1, "Importe_Neto_Linea", Clase::kNumero}};
 constexpr Columna kMoaRes[] = {
@@ -85,6 +76,15 @@ constexpr Registro kRegistros[] = {
     {"MOALIN", true, kMoaLin}, {"MOARES", false, kMoaRes}, {"CNTRES", false, kCntRes},
 };
 
+/// A text as the database compares it: without regard to case and trailing blanks.
+std::string Comparable(std::string_view texto) {
+  std::string comparable(texto.substr(0, texto.find_last_not_of(' ') + 1));
+  for (char& letra : comparable) {
+    if (letra >= 'a' && letra <= 'z') letra = static_cast<char>(letra - 'a' + 'A');
+  }
+  return comparable;
+}
+
 class Lectura {
  public:
   Lectura(LectorBarras& lector, const std::string& fichero, Connection& conexion, Entorno& entorno)
@@ -103,40 +103,47 @@ class Lectura {
         }
       }
     }
+    TerminarPedido();
   }
 
  private:
   void NuevoPedido();
+  void TerminarPedido() const;
   void NuevaLinea();
   void Actualizar(const Registro& registro);
 
+  void DistinguirLinea();
   void ExigirPedido() const {
     if (pedido_.empty()) lector_.Rechazar(0, "se esperaba antes un pedido (ORD)");
   }
   void ComprobarPedido() const;
   bool YaRecibido() const;
   void PonerValor(const Columna& columna);
-  std::string_view Fecha(std::size_t campo) const;
+  std::string Numero(std::size_t campo) const;
+  std::string Fecha(const Columna& columna);
   std::string Ahora() const { return FechaTexto(entorno_.Now()); }
   template <class... Piezas>
   void Poner(const Piezas&... piezas) {
     (SqlAppend(sql_, piezas), ...);
   }
-  std::int64_t Ejecutar();
+  void Ejecutar();
 
   LectorBarras& lector_;
   const std::string& fichero_;
   Connection& conexion_;
   Entorno& entorno_;
   std::string pedido_;  // of the last ORD, "" before the first
-  bool hayLinea_ = false;
-  std::string barras_;  // bar code of the last LIN
+  bool tieneEmision_ = false;
+  std::set<std::pair<std::string, std::string>> lineas_;  // of it: bar code and number
+  std::string barras_;                                    // bar code of the last LIN
+  std::string distingueLinea_;  // what its updates ask for besides the bar code
   std::string sql_;
 };
 
 void Lectura::ComprobarPedido() const {
   const std::string_view numero = lector_.Texto(1);
-  if (numero.empty() || numero.size() > kAnchoPedido ||
+  constexpr std::size_t kMasCifras = 17;
+  if (numero.empty() || numero.size() > kMasCifras ||
       numero.find_first_not_of("0123456789") != std::string_view::npos) {
     lector_.Rechazar(1, "se esperaba un número de pedido de 1 a 17 cifras");
   }
@@ -144,40 +151,66 @@ void Lectura::ComprobarPedido() const {
 
 bool Lectura::YaRecibido() const {
   return conexion_
-             .Open(
-                 Sql("SELECT COUNT(*) AS Existe FROM EDI_PedidosClientes WHERE Doc_Num =", pedido_))
+             .Open(Sql("SELECT COUNT(*) AS Existe FROM EDI_PedidosClientes WHERE Doc_Num =",
+                       SqlTexto{pedido_}))
              ->Get<std::int64_t>("Existe") > 0;
 }
 
 void Lectura::NuevoPedido() {
+  TerminarPedido();
   ComprobarPedido();
   pedido_ = lector_.Texto(1);
-  hayLinea_ = false;
+  tieneEmision_ = false;
+  lineas_.clear();
   if (YaRecibido()) lector_.Rechazar(1, "se esperaba un pedido que no esté ya recibido");
   sql_.clear();
   Poner("INSERT INTO EDI_PedidosClientes (Fichero, Doc_Num, Doc_Tipo, Doc_Funcion, Hora) VALUES (",
-        SqlTexto{fichero_}, ", ", SqlTexto{pedido_}, ", ", SqlTexto{lector_.Texto(2, kAnchoCodigo)},
-        ", ", SqlTexto{lector_.Texto(3, kAnchoCodigo)}, ", ", SqlTexto{Ahora()}, ")");
+        SqlTexto{fichero_}, ", ", SqlTexto{pedido_}, ", ", SqlTexto{lector_.TextoLimpio(2)}, ", ",
+        SqlTexto{lector_.TextoLimpio(3)}, ", ", SqlTexto{Ahora()}, ")");
   Ejecutar();
+}
+
+/// The second pass cannot make an order without that date, and would hold back all others.
+void Lectura::TerminarPedido() const {
+  if (pedido_.empty() || tieneEmision_) return;
+  throw Error(kErrorTypeMismatch, "kvraedi",
+              lector_.Nombre() + ", pedido " + pedido_ +
+                  ": no tiene fecha de emisión (registro DTM, campo 1)");
+}
+
+/// Lines of an order with one bar code are told apart by their number, from the second on: the
+/// records of the first have been taken in before.
+void Lectura::DistinguirLinea() {
+  constexpr std::size_t kNumero = 3;
+  const std::string_view numero = lector_.TextoLimpio(kNumero);
+  const std::string barras = Comparable(barras_);
+  const auto [linea, nueva] = lineas_.emplace(barras, Comparable(numero));
+  if (!nueva) {
+    lector_.Rechazar(
+        kNumero, "se esperaba un número que distinga las líneas del código \"" + barras_ + "\"");
+  }
+  const bool repetida = (linea != lineas_.begin() && std::prev(linea)->first == barras) ||
+                        (std::next(linea) != lineas_.end() && std::next(linea)->first == barras);
+  distingueLinea_ = repetida ? Sql("   AND Num_Linea =", SqlTexto{numero}) : "";
 }
 
 void Lectura::NuevaLinea() {
   ExigirPedido();
-  barras_ = lector_.Texto(1, kAnchoGln);
-  hayLinea_ = true;
+  barras_ = lector_.TextoLimpio(1);
+  DistinguirLinea();
   sql_.clear();
   Poner(
       "INSERT INTO EDI_PedidosClientes_Lineas (Fichero, Doc_Num, Cod_Barras, Tipo_EAN, Num_Linea,"
       " Hora) VALUES (",
       SqlTexto{fichero_}, ", ", SqlTexto{pedido_}, ", ", SqlTexto{barras_}, ", ",
-      SqlTexto{lector_.Texto(2, kAnchoCodigo)}, ", ", SqlTexto{lector_.Texto(3, kAnchoCodigo)},
-      ", ", SqlTexto{Ahora()}, ")");
+      SqlTexto{lector_.TextoLimpio(2)}, ", ", SqlTexto{lector_.TextoLimpio(3)}, ", ",
+      SqlTexto{Ahora()}, ")");
   Ejecutar();
 }
 
 void Lectura::Actualizar(const Registro& registro) {
   ExigirPedido();
-  if (registro.deLinea && !hayLinea_) lector_.Rechazar(0, "se esperaba antes una línea (LIN)");
+  if (registro.deLinea && lineas_.empty()) lector_.Rechazar(0, "se esperaba antes una línea (LIN)");
   sql_.clear();
   Poner(registro.deLinea ? "UPDATE EDI_PedidosClientes_Lineas SET "
                          : "UPDATE EDI_PedidosClientes SET ");
@@ -187,38 +220,61 @@ void Lectura::Actualizar(const Registro& registro) {
     PonerValor(columna);
   }
   Poner(" WHERE Doc_Num =", pedido_);
-  if (registro.deLinea) Poner("   AND Cod_Barras =", SqlTexto{barras_});
-  // The bar code tells the lines of an order apart: a record would write over another line.
-  if (Ejecutar() > 1 && registro.deLinea) {
-    throw Error(kErrorTypeMismatch, "kvraedi",
-                lector_.Lugar() + ": el código de barras \"" + barras_ +
-                    "\" (LIN, campo 1) está en más de una línea del pedido " + pedido_);
-  }
+  if (registro.deLinea) Poner("   AND Cod_Barras =", SqlTexto{barras_}, distingueLinea_);
+  Ejecutar();
 }
 
 void Lectura::PonerValor(const Columna& columna) {
   switch (columna.clase) {
     case Clase::kTexto:
-      return Poner(SqlTexto{lector_.Texto(columna.campo, columna.ancho)});
+      return Poner(SqlTexto{lector_.TextoLimpio(columna.campo)});
+    case Clase::kGln:
+      return Poner(SqlTexto{lector_.Gln(columna.campo)});
     case Clase::kNumero:
-      return Poner(TextoDe(lector_.Numero(columna.campo)));
+      return Poner(Numero(columna.campo));
+    case Clase::kEmision:
     case Clase::kFecha:
-      return Poner(SqlTexto{Fecha(columna.campo)});
+      return Poner(SqlTexto{Fecha(columna)});
   }
 }
 
-std::string_view Lectura::Fecha(std::size_t campo) const {
-  const std::string_view texto = lector_.Texto(campo);
-  if (Recortar(texto).empty()) return {};
-  if (!FechaHora::Parse(texto)) lector_.Rechazar(campo, "se esperaba una fecha");
-  return texto;
+/// A number that is too large for the suite's money is left to the column that it goes to.
+std::string Lectura::Numero(std::size_t campo) const {
+  const auto numero = NumeroRecibido(lector_.Texto(campo));
+  return numero ? TextoDe(*numero) : lector_.Cifras(campo);
 }
 
-std::int64_t Lectura::Ejecutar() {
+/// Without a day of delivery an order can be made, without one of emission it cannot: a day that
+/// the database's dates do not reach is none.
+std::string Lectura::Fecha(const Columna& columna) {
+  const std::string_view texto = lector_.Texto(columna.campo);
+  const auto dia = DiaUsable(texto);
+  if (columna.clase == Clase::kEmision) {
+    tieneEmision_ = dia.has_value();
+    if (!dia) {
+      lector_.Rechazar(columna.campo, std::string("se esperaba la fecha de emisión del pedido ")
+                                          .append(pedido_)
+                                          .append(",")
+                                          .append(kDiaUsable));
+    }
+  } else if (!FechaHora::Parse(texto)) {
+    lector_.Rechazar(columna.campo, "se esperaba una fecha");
+  }
+  return dia ? FormatearFecha(*dia, "yyyymmdd") : std::string();
+}
+
+void Lectura::Ejecutar() {
+  std::int64_t filas = 0;
   try {
-    return conexion_.Execute(sql_);
+    filas = conexion_.Execute(sql_);
   } catch (const Error& error) {
     throw Error(error.Number(), error.Source(), lector_.Lugar() + ": " + error.Description());
+  }
+  // What the database takes for equal: a record would write over another order or line.
+  if (filas > 1) {
+    throw Error(kErrorTypeMismatch, "kvraedi",
+                lector_.Lugar() + ": corresponde a más de un pedido " + pedido_ +
+                    " o a más de una línea \"" + barras_ + "\" de él");
   }
 }
 

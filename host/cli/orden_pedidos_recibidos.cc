@@ -93,10 +93,7 @@ std::string Motivo(Connection& conexion, const Recordset& rs, std::int16_t empre
     return "el GLN de entrega «" + entrega + "» es el de " + rs.Get<std::string>("Almacenes") +
            " almacenes";
   }
-  // The database keeps an empty date as 01/01/1900.
-  if (rs.IsNull("Fecha_Emision") || rs.Get<FechaHora>("Fecha_Emision") == FechaHora{1900, 1, 1}) {
-    return "no tiene fecha de emisión";
-  }
+  if (rs.IsNull("Fecha_Emision")) return "no tiene fecha de emisión";
   if (cuenta("Clientes") > 1) return "el GLN de cliente «" + cliente + "» es el de varios clientes";
   if (cuenta("Clientes") == 1) return {};
   const auto codigo = Entero<std::int32_t>(cliente);
@@ -118,10 +115,10 @@ void EscribirRecibidos(Connection& conexion, const Empresa& empresa, std::ostrea
       " AS Lineas,"
       " (SELECT COUNT(*) FROM Almacenes alm WHERE alm.Cod_Empresa = " +
       std::to_string(empresa.CodigoEmpresa()) +
-      " AND alm.EDI_GLN = cli.GLN_ClienteEntrega) AS Almacenes,"
+      " AND REPLACE(alm.EDI_GLN, '.', '') = REPLACE(cli.GLN_ClienteEntrega, '.', '')) AS Almacenes,"
       " (SELECT COUNT(*) FROM Clientes c WHERE c.Cod_Empresa = " +
       std::to_string(empresa.EmpresaClientes()) +
-      " AND c.EDI_GLN = cli.GLN_Cliente) AS Clientes"
+      " AND REPLACE(c.EDI_GLN, '.', '') = REPLACE(cli.GLN_Cliente, '.', '')) AS Clientes"
       " FROM EDI_PedidosClientes cli ORDER BY cli.ID");
   salida << "Pedidos recibidos sin crear:\n";
   if (rs->Eof()) salida << "  ninguno\n";

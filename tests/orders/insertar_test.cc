@@ -1,3 +1,7 @@
+#include <sys/stat.h>
+
+#include <algorithm>
+
 #include "orders/crear_pedidos.h"
 #include "orders/procesar_ficheros.h"
 #include "tests/orders/recepcion_pedidos.h"
@@ -70,7 +74,7 @@ TEST_F(RecepcionPedidos, LasSentenciasSonLasDelFormato) {
   for (const std::string& sentencia : conexion->sentencias) sentencias += sentencia + "\n";
   EXPECT_EQ(
       sentencias,
-      "SELECT COUNT(*) AS Existe FROM EDI_PedidosClientes WHERE Doc_Num =4711\n"
+      "SELECT COUNT(*) AS Existe FROM EDI_PedidosClientes WHERE Doc_Num ='4711'\n"
       "INSERT INTO EDI_PedidosClientes (Fichero, Doc_Num, Doc_Tipo, Doc_Funcion, Hora) VALUES "
       "('a''b.dat', '4711', '220', '', '01/03/2024 9:08:07')\n"
       "UPDATE EDI_PedidosClientes SET  Fecha_Emision ='20240226' ,Fecha_Ini_Entrega ='' "
@@ -96,7 +100,10 @@ struct Hostil {
 
 std::vector<Hostil> Hostiles() {
   const std::string inicio(kInicioPedidos);
-  const std::string ord = inicio + "ORD|1|220|9\r\nLIN|A|EN|1\r\n";
+  const std::string dtm = "DTM|20240226\r\n";
+  const std::string ord = inicio + "ORD|1|220|9\r\n" + dtm + "LIN|A|EN|1\r\n";
+  const std::string fecha = inicio + "ORD|1\r\nDTM|";
+  const std::string cifras(38, '9');
   return {
       {"vacío", "", "Error", ""},
       {"binario", std::string("\0\x01\xFF|\n\0", 6), "Error", ""},
@@ -106,23 +113,36 @@ std::vector<Hostil> Hostiles() {
       {"sólo el inicio", "ORDERS_D_96A_UN_EAN008", "OK", ""},
       {"línea de 8 MB", ord + "FTX|" + std::string(8'000'000, 'x') + "\r\n", "OK", ""},
       {"un millón de campos", ord + "QTYLIN|21|5" + std::string(1'000'000, '|'), "OK", ""},
-      {"etiquetas desconocidas", inicio + "BGM|1\r\nord|2\r\n" + "ORD|1\r\nLIN|A\r\n|x\r\n", "OK",
+      {"etiquetas desconocidas", inicio + "BGM|1\r\nord|2\r\n" + "ORD|1\r\n" + dtm + "|x\r\n", "OK",
        ""},
       {"pedido sin número", inicio + "ORD||220\r\n", "Temp", "línea 2, registro ORD, campo 1"},
       {"número que es SQL", inicio + "ORD|1 OR 1=1\r\n", "Temp", "no \"1 OR 1=1\""},
       {"número de 18 cifras", inicio + "ORD|123456789012345678\r\n", "Temp", "17 cifras"},
       {"registro antes del pedido", inicio + "DTM|20240101\r\n", "Temp", "línea 2, registro DTM"},
       {"cantidad antes de la línea", inicio + "ORD|1\r\nQTYLIN|21|5\r\n", "Temp", "línea 3"},
-      {"línea de otro pedido", ord + "ORD|2\r\nMOALIN|5\r\n", "Temp", "línea 5, registro MOALIN"},
-      {"dos pedidos de un número", ord + "ORD|001\r\n", "Temp", "línea 4, registro ORD, campo 1"},
-      {"dos líneas de un código", ord + "LIN|a \r\nQTYLIN|21|5\r\n", "Temp", "línea 5"},
+      {"línea de otro pedido", ord + "ORD|2\r\n" + dtm + "MOALIN|5\r\n", "Temp",
+       "línea 7, registro MOALIN"},
+      {"dos pedidos de un número", ord + "ORD|001\r\n", "Temp", "línea 5, registro ORD, campo 1"},
+      {"dos líneas iguales", ord + "LIN|a |EN|1 \r\n", "Temp", "línea 5, registro LIN, campo 3"},
+      {"dos líneas sin código ni número", ord + "LIN|\r\nLIN|\r\n", "Temp", "línea 6"},
+      {"dos líneas de un código", ord + "LIN|A|EN|2\r\nQTYLIN|21|5\r\n", "OK", ""},
       {"cantidad que es SQL", ord + "QTYLIN|21|1); DROP TABLE Facturas\r\n", "Temp", "campo 2"},
-      {"cantidad de 30 cifras", ord + "MOALIN|" + std::string(30, '9') + "\r\n", "Temp", "campo 1"},
+      {"más que el dinero de la base", ord + "MOALIN|-" + cifras + "\r\n", "Temp",
+       "línea 5, registro MOALIN: "},
+      {"más cifras que las de la base", ord + "MOALIN|1" + cifras + "\r\n", "Temp",
+       "campo 1: se esperaba un número de 38 cifras"},
       {"comillas y puntos y coma", ord + "IMDLIN|F|M|'|'; DELETE FROM Facturas --\r\n", "OK", ""},
-      {"fecha imposible", inicio + "ORD|1\r\nDTM|20240230\r\n", "Temp",
-       "línea 3, registro DTM, campo 1"},
-      {"GLN de entrega vacío", ord + "NADDP||\r\n", "OK", ""},
-      {"texto más ancho", ord + "LIN|" + std::string(36, '\xF1') + "\r\n", "Temp", "35 caracteres"},
+      {"emisión imposible", fecha + "20240230\r\n", "Temp", "línea 3, registro DTM, campo 1"},
+      {"emisión que la base no guarda", fecha + "18991230\r\n", "Temp",
+       "fecha de emisión del pedido 1"},
+      {"emisión vacía", fecha + " |20240305\r\n", "Temp", "fecha de emisión del pedido 1"},
+      {"sin emisión", inicio + "ORD|1\r\nLIN|A\r\nORD|2\r\n" + dtm, "Temp", "pedido 1: no tiene"},
+      {"entrega que es texto", fecha + "20240226|pronto\r\n", "Temp",
+       "línea 3, registro DTM, campo 2"},
+      {"GLN de entrega vacío", ord + "NADDP||\r\n", "Temp",
+       "registro NADDP, campo 1: se esperaba un GLN"},
+      {"GLN de cliente en blanco", ord + "NADBY|   \r\n", "Temp", "registro NADBY, campo 1"},
+      {"texto más ancho", ord + "LIN|" + std::string(36, '\xF1') + "\r\n", "Temp", "truncarían"},
       {"texto que cabe", ord + "LIN|" + std::string(35, '\xF1') + "\r\n", "OK", ""},
       {"carácter nulo", ord + std::string("LIN|a\0b\r\n", 9), "Temp", "caracteres de control"},
   };
@@ -137,7 +157,7 @@ TEST_F(RecepcionPedidos, LosFicherosHostilesSeTomanBienOSeRechazanConSuRazon) {
       EXPECT_STREQ(caso.dice, "");
     } catch (const Error& error) {
       ASSERT_STRNE(caso.dice, "") << error.what();
-      EXPECT_EQ(error.Description().rfind("f.dat, línea ", 0), 0U) << error.what();
+      EXPECT_EQ(error.Description().rfind("f.dat, ", 0), 0U) << error.what();
       EXPECT_NE(error.Description().find(caso.dice), std::string::npos) << error.what();
     }
     EXPECT_EQ(Donde("f.dat"), caso.lugar);
@@ -186,7 +206,6 @@ struct Impedimento {
 };
 
 TEST_F(RecepcionPedidos, LaSegundaPasadaLoHaceTodoONada) {
-  const std::string sinFecha = "ORD|2\r\nNADBY|100\r\nNADDP|8430000000055\r\nLIN|A\r\n";
   const std::vector<Impedimento> casos = {
       {"sin líneas", "ORD|2|220\r\nDTM|20240101\r\n", ""},
       {"GLN de ningún almacén", Pedido("2", "1"),
@@ -199,9 +218,8 @@ TEST_F(RecepcionPedidos, LaSegundaPasadaLoHaceTodoONada) {
        "Pedido 2: el GLN 101 no es el de ningún cliente"},
       {"GLN de dos clientes", Pedido("2", "8430000000055", "8419999999999"),
        "Pedido 2: el GLN 8419999999999 es el de más de un cliente"},
-      {"sin fecha", sinFecha, "Pedido 2: no tiene fecha de emisión"},
-      {"fecha vacía", "ORD|2\r\nDTM||20240305\r\nNADBY|100\r\nNADDP|8430000000055\r\nLIN|A\r\n",
-       "Pedido 2: no tiene fecha de emisión"},
+      {"sin cliente", "ORD|2\r\nDTM|20240101\r\nNADDP|8430000000055\r\nLIN|A\r\n",
+       "Pedido 2: no tiene GLN de cliente (NADBY, campo 1)"},
   };
   for (const Impedimento& caso : casos) {
     SCOPED_TRACE(caso.nombre);
@@ -248,6 +266,58 @@ TEST_F(RecepcionPedidos, AlmacenDeLaEmpresaEjercicioDeLaFechaYTambienLosYaMarcad
       "2024|1|5|100|36201|1|8410000000501\n"
       "2024|2|5|100|36201|12345678901234567|8410000000501\n"
       "2023|1|5|100|36201|3|A\n");
+}
+
+TEST_F(RecepcionPedidos, LasLineasDeUnCodigoSeDistinguenPorSuNumero) {
+  const auto linea = [](const char* numero, const char* cantidad) {
+    return std::string("LIN|A|EN|") + numero + "\r\nQTYLIN|21|" + cantidad + "\r\n";
+  };
+  Dejar("1.dat", std::string(kInicioPedidos) + "ORD|1\r\nDTM|20240226\r\n" + linea("1", "5") +
+                     linea("2", "6") + "LIN|B|EN|2\r\nQTYLIN|21|8\r\n" + linea("", "7") +
+                     "MOALIN|2\r\nORD|2\r\nDTM|20240226\r\n" + linea("1", "9"));
+  ProcesarFicheros(ordenes);
+  EXPECT_EQ(Filas("Doc_Num, Cod_Barras, Num_Linea, Cantidad, Importe_Neto_Linea",
+                  "EDI_PedidosClientes_Lineas ORDER BY ID"),
+            "1|A|1|5|\n1|A|2|6|\n1|B|2|8|\n1|A||7|2\n2|A|1|9|\n");
+  const auto& sentencias = conexion->sentencias;
+  const auto dice = [&](const char* fin) {
+    return std::any_of(sentencias.begin(), sentencias.end(),
+                       [&](const std::string& sentencia) { return sentencia.ends_with(fin); });
+  };
+  EXPECT_TRUE(dice("=1   AND Cod_Barras ='A'"));
+  EXPECT_TRUE(dice("=1   AND Cod_Barras ='A'   AND Num_Linea ='2'"));
+  EXPECT_TRUE(dice("=2   AND Cod_Barras ='A'"));
+}
+
+TEST_F(RecepcionPedidos, FechasYGlnDeTodasLasFormasSonLosMismos) {
+  base->Execute("UPDATE Clientes SET EDI_GLN = '84.11111.11111.1' WHERE EDI_GLN = '8411111111111'");
+  base->Execute("UPDATE Almacenes SET EDI_GLN = '8430000.000055' WHERE EDI_GLN = '8430000000055'");
+  base->Execute(
+      "INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 8, 'Sin', '')");
+  int numero = 0;
+  std::string pedidos(kInicioPedidos);
+  for (const char* fecha : {"20260305", "2026-03-05", "2026-03-05T10:11", "05/03/2026 10:11:12",
+                            " 5/3/2026|20791231|2026-03-06 23:59"}) {
+    pedidos += "ORD|" + std::to_string(++numero) + "\r\nDTM|" + fecha +
+               "\r\nNADBY|8411111111111\r\nNADDP|84.30000000055\r\nLIN|A\r\n";
+  }
+  Dejar("1.dat", pedidos);
+  EXPECT_TRUE(clsOrders().Insertar());
+  EXPECT_EQ(Avisos(), "");
+  const std::string comun = "5|100|2026-03-05|";
+  EXPECT_EQ(
+      Filas("Cod_Almacen, Cod_Cliente, Fecha, Fecha_Entrega, Fecha_EntregaFin",
+            "Pedidos_Clientes ORDER BY Codigo"),
+      comun + "|\n" + comun + "|\n" + comun + "|\n" + comun + "|\n" + comun + "|2026-03-06\n");
+}
+
+TEST_F(RecepcionPedidos, SoloSeLeenFicheros) {
+  ASSERT_EQ(::mkfifo((ordenes / "Temp" / "tubo.dat").c_str(), 0600), 0);
+  Dejar("x.dat", std::string(kInicioPedidos));
+  EXPECT_TRUE(clsOrders().Insertar());
+  EXPECT_EQ(Donde("x.dat"), "OK");
+  EXPECT_NE(Registro("ProcesarFicheros").find("x.dat"), std::string::npos);
+  EXPECT_EQ(Donde("tubo.dat"), "Temp");
 }
 
 TEST_F(RecepcionPedidos, LosLogsPierdenLoViejo) {
