@@ -67,8 +67,8 @@ TEST_F(PedidosRecibidosCli, LosPendientesDicenPorQue) {
   db.Run(R"(
 INSERT INTO EDI_PedidosClientes (Fichero, Doc_Num) VALUES ('a.dat', '1');
 INSERT INTO EDI_PedidosClientes (Fichero, Doc_Num, GLN_ClienteEntrega) VALUES ('a.dat', '2', 'X');
-INSERT INTO EDI_PedidosClientes (Fichero, Doc_Num, GLN_ClienteEntrega, Fecha_Emision)
-  SELECT 'a.dat', '3', EDI_GLN, '' FROM Almacenes WHERE Cod_Empresa = 1 AND Codigo = 1;
+INSERT INTO EDI_PedidosClientes (Fichero, Doc_Num, GLN_ClienteEntrega)
+  SELECT 'a.dat', '3', EDI_GLN FROM Almacenes WHERE Cod_Empresa = 1 AND Codigo = 1;
 INSERT INTO EDI_PedidosClientes (Fichero, Doc_Num, GLN_ClienteEntrega, Fecha_Emision, GLN_Cliente)
   SELECT 'a.dat', '4', EDI_GLN, '01/06/2026', 'Y' FROM Almacenes WHERE Cod_Empresa = 1 AND Codigo = 1;
 INSERT INTO EDI_PedidosClientes (Fichero, Doc_Num, GLN_ClienteEntrega, Fecha_Emision, GLN_Cliente)
