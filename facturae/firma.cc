@@ -30,7 +30,8 @@ void EscribirPeticion(DocumentoXml& xml, const PeticionFirma& peticion, const fs
   xml.Guardar(fichero, AccesoFichero::kSoloPropietario);
 }
 
-/// The answer, or what was left instead of one.
+/// The answer, or what was left instead of one. An "OK" that is not where it belongs is no empty
+/// answer: the invoice may be delivered.
 RespuestaFirma LeerRespuesta(DocumentoXml& xml, const fs::path& fichero) {
   Entorno& entorno = EntornoActual();
   const RespuestaFirma bruta(entorno.FileExists(fichero) ? entorno.ReadFile(fichero) : "");
@@ -40,7 +41,9 @@ RespuestaFirma LeerRespuesta(DocumentoXml& xml, const fs::path& fichero) {
   } catch (const Error& error) {
     return {bruta.Texto(), error.Description()};
   }
-  return RespuestaFirma(xml.LeerTexto("nombre"));
+  const RespuestaFirma respuesta(xml.LeerTexto("nombre"));
+  if (!respuesta.Vacia() || bruta.Texto().find("OK") == std::string::npos) return respuesta;
+  return {bruta.Texto(), "El fichero " + TextoRuta(fichero) + " no lleva el elemento «nombre»"};
 }
 
 }  // namespace

@@ -213,8 +213,9 @@ TEST_F(CentrosTest, ModifyingFindsTheRecordByItsOldCode) {
   EXPECT_EQ(Lista().Cell(2, kCentroCodigo), "C3");
 }
 
-TEST_F(CentrosTest, NothingSelectedOrCancelledChangesNothing) {
-  Insertar("C1", "Alcaldía");
+TEST_F(CentrosTest, NothingSelectedCancelledOrNotConfirmedChangesNothing) {
+  Insertar("C''1", "Alcaldía");
+  Insertar("C2", "Zona");
   Abrir();
   Boton("cmdModificar").Press();
   Boton("cmdEliminar").Press();
@@ -233,34 +234,23 @@ TEST_F(CentrosTest, NothingSelectedOrCancelledChangesNothing) {
     }
   }
   EXPECT_EQ(conexion->sentencias, Textos(4, kPaises));
-  EXPECT_EQ(Lista().Cell(1, kCentroNombre), "Alcaldía");
   EXPECT_TRUE(toolkit.Messages().empty());
-}
 
-TEST_F(CentrosTest, DeletingAsksFirstAndNoIsTheDefault) {
-  Insertar("C''1", "Alcaldía");
-  Insertar("C2", "Zona");
-  Abrir();
-  Lista().Click(1, kCentroNombre);
   Boton("cmdEliminar").Press();
   EXPECT_EQ(Centros(), 2);
-  const auto& pregunta = toolkit.Messages().back();
   EXPECT_EQ(UltimoAviso(), "¡ Atención !|¿Está seguro que desea eliminar el elemento actual?|4");
-  EXPECT_EQ(pregunta.buttons, ui::Buttons::kYesNo);
-  EXPECT_EQ(pregunta.preset, ui::Answer::kNo);
-
-  toolkit.QueueAnswer(ui::Answer::kYes);
-  Boton("cmdEliminar").Press();
-  EXPECT_EQ(conexion->sentencias,
-            (Textos{"DELETE FROM EDI_Centros_Administrativos WHERE Codigo='C''1'"}));
-  EXPECT_EQ(Lista().Rows(), 2);
-  EXPECT_TRUE(Boton("cmdEliminar").Enabled());
-  toolkit.QueueAnswer(ui::Answer::kYes);
-  Boton("cmdEliminar").Press();
-  EXPECT_EQ(Centros(), 0);
-  EXPECT_EQ(Lista().Rows(), 1);
-  EXPECT_FALSE(Boton("cmdModificar").Enabled());
-  EXPECT_FALSE(Boton("cmdEliminar").Enabled());
+  EXPECT_EQ(toolkit.Messages().back().buttons, ui::Buttons::kYesNo);
+  EXPECT_EQ(toolkit.Messages().back().preset, ui::Answer::kNo);
+  conexion->sentencias.clear();
+  for (const int quedan : {1, 0}) {
+    toolkit.QueueAnswer(ui::Answer::kYes);
+    Boton("cmdEliminar").Press();
+    EXPECT_EQ(Centros(), quedan);
+    EXPECT_EQ(Lista().Rows(), quedan + 1);
+    EXPECT_EQ(Boton("cmdModificar").Enabled() && Boton("cmdEliminar").Enabled(), quedan > 0);
+  }
+  EXPECT_EQ(conexion->sentencias.front(),
+            "DELETE FROM EDI_Centros_Administrativos WHERE Codigo='C''1'");
 }
 
 TEST_F(CentrosTest, EnterInThePostalCodeLooksItUp) {
@@ -297,36 +287,32 @@ TEST_F(CentrosTest, EnterInThePostalCodeLooksItUp) {
 TEST_F(CentrosTest, AFailedStatementIsToldAndLeavesTheRestAsItWas) {
   Insertar("C1", "Alcaldía");
   Abrir();
+  const std::string carga = "frmCentrosAdm_Datos:Load";
+  const std::string postal = "frmCentrosAdm_Datos:txtCodigoPostal_KeyPress";
   const struct {
-    const char* accion;
-    Textos titulos;  // one for each statement
+    std::string accion;
+    Textos titulos;  // one for each statement; the action's own is ""
     int guardados;   // centres there when the last one failed
-  } casos[] = {{"cmdAgregar",
-                {"frmCentrosAdm_Datos:Load", "frmCentrosAdm_Datos:txtCodigoPostal_KeyPress",
-                 "frmCentrosAdm:cmdAgregar_Click", "frmCentrosAdm:cmdAgregar_Click",
-                 "frmCentrosAdm:cmdAgregar_Click"},
-                2},
-               {"cmdModificar",
-                {"frmCentrosAdm_Datos:Load", "frmCentrosAdm_Datos:txtCodigoPostal_KeyPress",
-                 "frmCentrosAdm:cmdModificar_Click"},
-                1},
-               {"cmdEliminar", {"frmCentrosAdm:cmdEliminar_Click"}, 1}};
+  } casos[] = {{"cmdAgregar", {carga, postal, "", "", ""}, 2},
+               {"cmdModificar", {carga, postal, ""}, 1},
+               {"cmdEliminar", {""}, 1}};
   for (const auto& [accion, titulos, guardados] : casos) {
     Lista().Click(1, kCentroNombre);
     const std::string antes = Fila(1);
     for (std::size_t k = 1; k <= titulos.size(); ++k) {
-      // A dialog that cannot be loaded is not shown.
-      if (titulos[k - 1] != "frmCentrosAdm_Datos:Load") {
+      const std::string propio = "frmCentrosAdm:" + accion + "_Click";
+      const std::string titulo = titulos[k - 1].empty() ? propio : titulos[k - 1];
+      if (titulo != carga) {  // a dialog that cannot be loaded is not shown
         toolkit.OnShow("frmCentrosAdm_Datos", [&](ui::Form& dialogo) {
           Escribir(dialogo, "C2", "Zona");
           Campo(dialogo, "CodigoPostal").PressEnter();
           if (!conexion->fallo.Disparado()) Aceptar(dialogo);
         });
       }
-      if (accion == std::string("cmdEliminar")) toolkit.QueueAnswer(ui::Answer::kYes);
+      if (accion == "cmdEliminar") toolkit.QueueAnswer(ui::Answer::kYes);
       conexion->fallo.FallarEn(static_cast<int>(k));
-      Boton(accion).Press();
-      EXPECT_EQ(UltimoAviso(), titulos[k - 1] + "|Conexión perdida|3") << accion << k;
+      Boton(accion.c_str()).Press();
+      EXPECT_EQ(UltimoAviso(), titulo + "|Conexión perdida|3") << accion << k;
       EXPECT_EQ(conexion->fallo.Operaciones(), static_cast<int>(k));
       EXPECT_EQ(Centros(), k == titulos.size() ? guardados : 1) << accion << k;
       EXPECT_EQ(Lista().Rows(), 2);

@@ -169,6 +169,8 @@ TEST_F(Firma, WhateverTheSignerDoesOnlyOkIsRecorded) {
   const std::string fecha = "La fecha de registro de la respuesta del firmador no es una fecha";
   const std::string cinco(51, 'x');
   const std::string larga = "OK," + cinco + "," + cinco + ",16/11/2026";  // 105 with the dash
+  const fs::path suelto = carpeta / "suelto.xml";
+  std::ofstream(suelto) << "<s>OK</s>\n";
   const struct {
     std::string modo, linea;
     std::string respuesta = "";  ///< behind an error, which a box tells too
@@ -188,6 +190,9 @@ TEST_F(Firma, WhateverTheSignerDoesOnlyOkIsRecorded) {
       {"basura",
        "El fichero " + (Trabajo() / "salida.xml").string() + " no contiene un documento XML válido",
        "<salida><nombre>OK,R1"},
+      {"deja:" + suelto.string(),
+       "El fichero " + (Trabajo() / "salida.xml").string() + " no lleva el elemento «nombre»",
+       "<s>OK</s>"},
   };
   InsertarEnvio("3", "1");
   Enviar(1);  // leaves an answer behind, and a record
