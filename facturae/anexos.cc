@@ -4,6 +4,7 @@
 #include "facturae/elementos.h"
 #include "frame/base64.h"
 #include "frame/carpeta_anexos.h"
+#include "frame/fila.h"
 #include "frame/puertos.h"
 #include "frame/sesion.h"
 
@@ -36,10 +37,11 @@ void EscribirAnexos(DocumentoXml& xml, NodoXml factura, const ClaveDocumento& cl
   CarpetaAnexos carpeta(EntornoActual());
   const NodoXml documentos =
       xml.Elemento(xml.Elemento(factura, "AdditionalData"), "RelatedDocuments");
+  const Fila fila(*filas);
   while (!filas->Eof()) {
-    const auto nombre = filas->Get<std::string>("NombreAnexo");
-    const auto descripcion = filas->Get<std::string>("DescripcionAnexo");
-    GuardarCopia(carpeta, nombre, filas->Get<Bytes>("Stream"));
+    const auto nombre = fila.Get<std::string>("NombreAnexo");
+    const auto descripcion = fila.Get<std::string>("DescripcionAnexo");
+    GuardarCopia(carpeta, nombre, fila.Get<Bytes>("Stream"));
     filas->MoveNext();  // lets go of the bytes, which may be many, before they are encoded
     EscribirAnexo(xml, documentos, carpeta, nombre, descripcion);
   }

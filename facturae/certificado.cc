@@ -1,5 +1,6 @@
 #include "facturae/certificado.h"
 
+#include "frame/fila.h"
 #include "frame/sesion.h"
 #include "frame/sql.h"
 
@@ -13,7 +14,8 @@ Certificado ElegirCertificado(std::int16_t serie) {
                                 EmpresaActual().CodigoEmpresa(), "   AND Codigo =", serie));
   if (!rs->Eof()) {
     auto ruta = rs->GetOrEmpty<std::string>("rutaCertificado");
-    if (!ruta.empty()) return {std::move(ruta), rs->Get<std::string>("contraseñaCertificado")};
+    if (!ruta.empty())
+      return {std::move(ruta), Fila(*rs).Get<std::string>("contraseñaCertificado")};
   }
   return {ParametroTexto("EDI_PathCertificadoDigital"),
           ParametroTexto("EDI_PasswordCertificadoDigital")};

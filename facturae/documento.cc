@@ -2,6 +2,7 @@
 
 #include "facturae/consultas_documento.h"
 #include "facturae/elementos.h"
+#include "frame/fila.h"
 #include "frame/formato.h"
 #include "frame/sesion.h"
 
@@ -48,12 +49,12 @@ std::string IdentificadorFactura(std::int16_t empresa, const ClaveDocumento& cla
 void CalculaTotalesFacturas(EstadoFacturaE& estado, const ClaveDocumento& clave) {
   VaciarResultados(estado);
   const std::int16_t empresa = EmpresaActual().CodigoEmpresa();
-  const auto fila = ConexionActual().Open(ConsultaTotales(clave, empresa));
-  if (fila->Eof()) return;
+  const auto filas = ConexionActual().Open(ConsultaTotales(clave, empresa));
+  if (filas->Eof()) return;
   estado.identificadorLote =
       clave.EsTicket() ? IdentificadorTicket(empresa, clave) : IdentificadorFactura(empresa, clave);
-  estado.numFacturas = fila->Get<std::int32_t>("numFacturas");
-  estado.importeLote = Numero(fila->Get<Currency>("total"), kDosDecimales);
+  estado.numFacturas = filas->Get<std::int32_t>("numFacturas");
+  estado.importeLote = Numero(Fila(*filas).Get<Currency>("total"), kDosDecimales);
 }
 
 NodoXml EscribirCabecera(DocumentoXml& xml, const EstadoFacturaE& estado) {

@@ -2,6 +2,7 @@
 #include "facturae/consultas_documento.h"
 #include "facturae/documento.h"
 #include "facturae/elementos.h"
+#include "frame/fila.h"
 #include "frame/numero.h"
 #include "frame/sesion.h"
 
@@ -26,7 +27,7 @@ struct Descuentos {
   Currency tasa1, importe1, tasa2, importe2;
 };
 
-Factura LeerFactura(const Recordset& fila) {
+Factura LeerFactura(const Fila& fila) {
   Factura factura{.codigo = std::to_string(fila.Get<std::int32_t>("Codigo")),
                   .serie = std::to_string(fila.Get<std::int16_t>("Serie")),
                   .fecha = fila.Get<FechaHora>("Fecha"),
@@ -41,7 +42,7 @@ Factura LeerFactura(const Recordset& fila) {
   return factura;
 }
 
-Descuentos CalculaDescuentos(const Recordset& fila, Currency bruto) {
+Descuentos CalculaDescuentos(const Fila& fila, Currency bruto) {
   Descuentos descuentos;
   descuentos.tasa1 = fila.Get<Currency>("Descuento1");
   descuentos.importe1 = Redondear(Porcentaje(bruto, descuentos.tasa1, 4), 2);
@@ -57,7 +58,7 @@ std::int16_t RevisionSiguiente(const ClaveDocumento& clave) {
   const auto envio =
       ConexionActual().Open(ConsultaRevision(clave, EmpresaActual().CodigoEmpresa()));
   if (envio->Eof()) return 0;
-  return Estrechar<std::int16_t>(envio->Get<std::int16_t>("Revision") + 1);
+  return Estrechar<std::int16_t>(Fila(*envio).Get<std::int16_t>("Revision") + 1);
 }
 
 void EscribirRectificacion(DocumentoXml& xml, NodoXml cabecera, const Factura& factura) {
@@ -104,12 +105,13 @@ Currency EscribirImpuestosFactura(DocumentoXml& xml, NodoXml impuestos, const Cl
   Currency exento;
   const auto filas =
       ConexionActual().Open(ConsultaImpuestos(clave, EmpresaActual().CodigoEmpresa()));
+  const Fila fila(*filas);
   for (; !filas->Eof(); filas->MoveNext()) {
-    const auto base = filas->Get<Currency>("Base");
+    const auto base = fila.Get<Currency>("Base");
     if (gravada) {
-      AnadirImpuesto(xml, impuestos, Numero(filas->Get<Currency>("Imp_Valor"), kDosDecimales),
+      AnadirImpuesto(xml, impuestos, Numero(fila.Get<Currency>("Imp_Valor"), kDosDecimales),
                      Numero(base, kDosDecimales),
-                     Numero(filas->Get<Currency>("ImporteImpuesto"), kDosDecimales));
+                     Numero(fila.Get<Currency>("ImporteImpuesto"), kDosDecimales));
     } else {
       exento = exento + base;
     }
@@ -168,11 +170,11 @@ void CalculaZonaInvoices(EstadoFacturaE& estado, DocumentoXml& xml, NodoXml raiz
                          const ClaveDocumento& clave, std::int16_t revision) {
   estado.revisionUsada = 0;
   const NodoXml facturas = xml.Elemento(raiz, "Invoices");
-  const auto fila = ConexionActual().Open(ConsultaFactura(clave, EmpresaActual().CodigoEmpresa()));
-  if (fila->Eof()) return;
-  const Factura factura = LeerFactura(*fila);
-  const Descuentos descuentos = CalculaDescuentos(*fila, factura.bruto);
-  fila->Close();
+  const auto filas = ConexionActual().Open(ConsultaFactura(clave, EmpresaActual().CodigoEmpresa()));
+  if (filas->Eof()) return;
+  const Factura factura = LeerFactura(Fila(*filas));
+  const Descuentos descuentos = CalculaDescuentos(Fila(*filas), factura.bruto);
+  filas->Close();
   if (estado.claseFactura == kRectificativa && revision == 0) {
     estado.revisionUsada = RevisionSiguiente(clave);
   }

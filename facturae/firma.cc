@@ -34,14 +34,14 @@ void EscribirPeticion(DocumentoXml& xml, const PeticionFirma& peticion, const fs
 /// answer: the invoice may be delivered.
 RespuestaFirma LeerRespuesta(DocumentoXml& xml, const fs::path& fichero) {
   Entorno& entorno = EntornoActual();
-  const RespuestaFirma bruta(entorno.FileExists(fichero) ? entorno.ReadFile(fichero) : "");
+  RespuestaFirma bruta(entorno.FileExists(fichero) ? entorno.ReadFile(fichero) : "");
   if (bruta.Vacia()) return bruta;
   try {
     xml.Cargar(fichero);
   } catch (const Error& error) {
     return {bruta.Texto(), error.Description()};
   }
-  const RespuestaFirma respuesta(xml.LeerTexto("nombre"));
+  RespuestaFirma respuesta(xml.LeerTexto("nombre"));
   if (!respuesta.Vacia() || bruta.Texto().find("OK") == std::string::npos) return respuesta;
   return {bruta.Texto(), "El fichero " + TextoRuta(fichero) + " no lleva el elemento «nombre»"};
 }

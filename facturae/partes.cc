@@ -4,6 +4,7 @@
 #include "facturae/consultas_documento.h"
 #include "facturae/documento.h"
 #include "facturae/elementos.h"
+#include "frame/fila.h"
 #include "frame/sesion.h"
 
 namespace kvraedi::facturae {
@@ -41,7 +42,7 @@ bool EsNumerico(std::string_view texto) {
          cifras + decimales == static_cast<std::ptrdiff_t>(texto.size());
 }
 
-std::string_view CodigoPostal(const Recordset& fila, std::string_view columna) {
+std::string_view CodigoPostal(const Fila& fila, std::string_view columna) {
   const auto codigo = fila.GetOrEmpty<std::string_view>(columna);
   return EsNumerico(codigo) ? PrimerosCaracteres(codigo, 5) : "00000";
 }
@@ -80,7 +81,7 @@ void EscribirIdentificacion(DocumentoXml& xml, NodoXml parte, std::string_view p
 }
 
 void EscribirVendedor(DocumentoXml& xml, NodoXml vendedor, const EstadoFacturaE& estado,
-                      const Recordset& fila) {
+                      const Fila& fila) {
   const auto texto = [&](std::string_view columna) { return fila.Get<std::string_view>(columna); };
   EscribirIdentificacion(xml, vendedor, estado.tipoPersona, estado.tipoResidencia,
                          texto("Emp_Nif"));
@@ -92,7 +93,7 @@ void EscribirVendedor(DocumentoXml& xml, NodoXml vendedor, const EstadoFacturaE&
                     texto("Emp_Provincia"), "ESP"}});
 }
 
-std::string_view Residencia(const Recordset& fila) {
+std::string_view Residencia(const Fila& fila) {
   constexpr std::string_view kUnionEuropea =
       "BE, BG, CZ, DK, DE, EE, IE, EL, FR, HR, IT, CY, LV, LT, LU, HU, MT, NL, AT, PL, PT, RO, SI, "
       "SK, FI, SE, UK";
@@ -113,11 +114,9 @@ constexpr auto kRoles = std::to_array<Rol>({{"01", "Fiscal", true},
                                             {"03", "Pagador", true},
                                             {"04", "Comprador", false}});
 
-void EscribirCentro(DocumentoXml& xml, NodoXml centros, const Recordset& fila, const Rol& rol) {
-  const auto columna = [&](std::string_view nombre) {
-    return fila.Field(std::string(nombre) + std::string(rol.sufijo));
-  };
-  const auto texto = [&](std::string_view nombre) {
+void EscribirCentro(DocumentoXml& xml, NodoXml centros, const Fila& fila, const Rol& rol) {
+  const auto columna = [&](const char* nombre) { return nombre + std::string(rol.sufijo); };
+  const auto texto = [&](const char* nombre) {
     return fila.Get<std::string_view>(columna(nombre));
   };
   if (!rol.siempre && fila.GetOrEmpty<std::string_view>(columna("Codigo")).empty()) return;
@@ -129,7 +128,7 @@ void EscribirCentro(DocumentoXml& xml, NodoXml centros, const Recordset& fila, c
   xml.ElementoTexto(centro, "CentreDescription", texto("Descripcion"));
 }
 
-void EscribirComprador(DocumentoXml& xml, NodoXml comprador, const Recordset& fila) {
+void EscribirComprador(DocumentoXml& xml, NodoXml comprador, const Fila& fila) {
   const auto texto = [&](std::string_view columna) { return fila.Get<std::string_view>(columna); };
   const bool juridica =
       !fila.IsNull("CompTipoPersona") && fila.Get<std::int16_t>("CompTipoPersona") == 0;
@@ -152,14 +151,16 @@ void CalculaZonaParties(EstadoFacturaE& estado, DocumentoXml& xml, NodoXml raiz,
   const NodoXml partes = xml.Elemento(raiz, "Parties");
   const NodoXml vendedor = xml.Elemento(partes, "SellerParty");
   const NodoXml comprador = xml.Elemento(partes, "BuyerParty");
-  const auto fila = ConexionActual().Open(ConsultaPartes(EmpresaActual().CodigoEmpresa(), cliente));
-  if (fila->Eof()) {
+  const auto filas =
+      ConexionActual().Open(ConsultaPartes(EmpresaActual().CodigoEmpresa(), cliente));
+  if (filas->Eof()) {
     xml.Elemento(vendedor, "TaxIdentification");
     return;
   }
-  estado.emailEmisor = fila->GetOrEmpty<std::string>("email");
-  EscribirVendedor(xml, vendedor, estado, *fila);
-  EscribirComprador(xml, comprador, *fila);
+  const Fila fila(*filas);
+  estado.emailEmisor = fila.GetOrEmpty<std::string>("email");
+  EscribirVendedor(xml, vendedor, estado, fila);
+  EscribirComprador(xml, comprador, fila);
 }
 
 }  // namespace kvraedi::facturae

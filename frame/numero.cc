@@ -91,9 +91,9 @@ Currency ReglaDeTres(Currency a, Currency b, Currency divisor) {
 
 Currency Porcentaje(Currency importe, Currency porcentaje, int decimales) {
   const std::int64_t paso = Paso(decimales);
+  const Entero128 cien = Multiplicar(kPorCiento, Currency::kScale);
   const Entero128 producto = Multiplicar(importe.Units(), porcentaje.Units());
-  return DesdeUnidades(
-      Multiplicar(Dividir(producto, Multiplicar(kPorCiento * Currency::kScale, paso)), paso));
+  return DesdeUnidades(Multiplicar(Dividir(producto, Multiplicar(cien, paso)), paso));
 }
 
 double RedondearAlPar(double valor, int decimales) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -35,6 +36,16 @@ class Fallo {
   int operaciones_ = 0;
   bool disparado_ = false;
 };
+
+/// The text of the error that the action raises; "(ninguno)" when it raises none.
+inline std::string ErrorDe(const std::function<void()>& accion) {
+  try {
+    accion();
+  } catch (const Error& error) {
+    return error.Description();
+  }
+  return "(ninguno)";
+}
 
 /// A machine whose k-th file operation fails: making, reading, writing, closing, copying, renaming,
 /// deleting. What went before has really happened.

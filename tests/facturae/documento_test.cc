@@ -146,20 +146,23 @@ TEST_F(Cambios, CadaCampoSegunSuColumna) {
 }
 
 TEST_F(Cambios, LosNulosParanLoQueSeEscribe) {
-  for (const std::string cambio :
-       {"Empresas SET Nif", "Empresas SET Nombre_2", "Clientes SET Nombre_Comercial",
-        "Clientes SET Tipo = 1, Nif", "Clientes SET Cod_Pais", "Clientes SET EDI_Rol_Fiscal",
-        "Clientes SET EDI_Rol_Pagador", "EDI_Centros_Administrativos SET Descripcion",
-        "EDI_Centros_Administrativos SET Cod_Pais", "Facturas SET ImporteB",
-        "Facturas SET Impuestos", "Facturas SET Total"}) {
-    Con("UPDATE " + cambio + " = NULL", [&] {
-      std::int32_t numero = 0;
-      try {
-        Construir(Factura());
-      } catch (const Error& error) {
-        numero = error.Number();
-      }
-      EXPECT_EQ(numero, kErrorInvalidNull);
+  const std::pair<std::string, std::string_view> casos[] = {
+      {"Empresas SET Nif", "Emp_Nif"},
+      {"Empresas SET Nombre_2", "Emp_Nombre2"},
+      {"Clientes SET Nombre_Comercial", "Nombre_Comercial"},
+      {"Clientes SET Tipo = 1, Nif", "CompNif"},
+      {"Clientes SET Cod_Pais", "CompPais3"},
+      {"Clientes SET EDI_Rol_Fiscal", "CodigoFiscal"},
+      {"Clientes SET EDI_Rol_Pagador", "CodigoPagador"},
+      {"EDI_Centros_Administrativos SET Descripcion", "DescripcionFiscal"},
+      {"EDI_Centros_Administrativos SET Cod_Pais", "PaisFiscal"},
+      {"Facturas SET ImporteB", "ImporteB"},
+      {"Facturas SET Impuestos", "ImporteImpuesto"},
+      {"Facturas SET Total", "total"}};
+  for (const auto& [cambio, columna] : casos) {
+    Con("UPDATE " + cambio + " = NULL", [&, columna = columna] {
+      EXPECT_EQ(ErrorDe([&] { Construir(Factura()); }),
+                "columna " + std::string(columna) + ": Uso no válido de Null");
     });
   }
   for (const std::string cambio :

@@ -2,13 +2,13 @@
 
 #include <gtest/gtest.h>
 
-#include <functional>
 #include <memory>
 #include <string>
 
 #include "host/demo/esquema.h"
 #include "platform/sqlite/sqlite_connection.h"
 #include "platform/suite/empresa_suite.h"
+#include "tests/apoyo/fallos.h"
 
 namespace kvraedi {
 
@@ -27,15 +27,6 @@ class BaseSuite : public ::testing::Test {
     }
     db->Execute("INSERT INTO Impuestos (Codigo, Nombre, Porcentaje) VALUES (3, 'General', 7)");
     db->Execute("INSERT INTO Impuestos (Codigo, Nombre, Porcentaje) VALUES (4, 'Alto', 9.5)");
-  }
-
-  static std::string Fallo(const std::function<void()>& accion) {
-    try {
-      accion();
-    } catch (const Error& error) {
-      return error.Description();
-    }
-    return "(ninguno)";
   }
 
   std::shared_ptr<SqliteConnection> db;

@@ -16,10 +16,10 @@ TEST_F(EmpresaSuiteTest, ReadsItsOwnRowAndNoOther) {
   EXPECT_TRUE(empresa.AplicaIGIC());
   EXPECT_FALSE(EmpresaSuite(*db, 1, "/demo").AplicaIGIC());
   EXPECT_EQ(empresa.RutaAplicacion(), "/demo");
-  EXPECT_EQ(Fallo([&] { EmpresaSuite(*db, 9, "/demo"); }), "No existe la empresa 9.");
+  EXPECT_EQ(ErrorDe([&] { EmpresaSuite(*db, 9, "/demo"); }), "No existe la empresa 9.");
   db->Close();
   EXPECT_EQ(empresa.PorcentajeImpuesto(3), Currency::FromUnits(70000)) << "needs no statement";
-  EXPECT_EQ(Fallo([&] { empresa.PorcentajeImpuesto(5); }), "No existe el tipo de impuesto 5.");
+  EXPECT_EQ(ErrorDe([&] { empresa.PorcentajeImpuesto(5); }), "No existe el tipo de impuesto 5.");
 }
 
 TEST_F(EmpresaSuiteTest, Parameters) {

@@ -113,10 +113,10 @@ TEST_F(InformesTest, ReadsTablesWhereTheyArePointedAt) {
     EXPECT_EQ(informe->Documento().html, "") << lugar;
   }
   for (const char* lugar : {"", "a.b.c.d", "main.dbo.", "x];DROP TABLE Lineas;--"}) {
-    EXPECT_NE(Fallo([&] { informe->Ubicar("Cabeceras", {.ubicacion = lugar}); }), "(ninguno)");
+    EXPECT_NE(ErrorDe([&] { informe->Ubicar("Cabeceras", {.ubicacion = lugar}); }), "(ninguno)");
   }
   informe->Ubicar("Cabeceras", {.ubicacion = "otra_base.otro.Cabeceras"});
-  EXPECT_EQ(Fallo([&] { informe->Documento(); }).rfind("Informe Prueba.rpt: ", 0), 0U);
+  EXPECT_EQ(ErrorDe([&] { informe->Documento(); }).rfind("Informe Prueba.rpt: ", 0), 0U);
 }
 
 TEST_F(InformesTest, FaultsOfAFileNameItAndItsLine) {
@@ -133,12 +133,13 @@ TEST_F(InformesTest, FaultsOfAFileNameItAndItsLine) {
       {"tabla T\ncampos A\n---\n{{#T}}{{B}}{{/T}}", "«B» no es un campo ni una tabla del informe"},
   };
   for (const auto& [texto, fallo] : casos) {
-    EXPECT_EQ(Fallo([&, t = texto] { Abrir(t); }), std::string("Informe Prueba.rpt: ") + fallo);
+    EXPECT_EQ(ErrorDe([&, t = texto] { Abrir(t); }), std::string("Informe Prueba.rpt: ") + fallo);
   }
   const auto abierto = Abrir("tabla Lineas\ncampos Texto\n---\n{{#Lineas}}sin cerrar");
-  EXPECT_NE(Fallo([&] { abierto->Documento(); }).find("el cuerpo no es válido"), std::string::npos);
+  EXPECT_NE(ErrorDe([&] { abierto->Documento(); }).find("el cuerpo no es válido"),
+            std::string::npos);
   EXPECT_NE(
-      Fallo([&] { suite.AbrirInforme(entorno, db, carpeta / "No está.rpt"); }).find("No está"),
+      ErrorDe([&] { suite.AbrirInforme(entorno, db, carpeta / "No está.rpt"); }).find("No está"),
       std::string::npos);
 }
 
@@ -182,8 +183,8 @@ TEST_F(InformesTest, AnInvoiceIsPrintedWithItsOwnRowsOnly) {
   EXPECT_NE(impresora.ultimo.html.find("Queso"), std::string::npos);
   DatosImpresionFactura otra = Datos();
   otra.codigo = 13;
-  EXPECT_EQ(Fallo([&] { impresion->Imprimir(otra); }), "No existe la factura 3/13 de 2024");
-  EXPECT_EQ(Fallo([&] { SuiteReferencia().NuevaImpresionFactura(entorno, db, nullptr); }),
+  EXPECT_EQ(ErrorDe([&] { impresion->Imprimir(otra); }), "No existe la factura 3/13 de 2024");
+  EXPECT_EQ(ErrorDe([&] { SuiteReferencia().NuevaImpresionFactura(entorno, db, nullptr); }),
             "Esta instalación no puede imprimir");
 }
 
@@ -194,7 +195,7 @@ TEST_F(InformesTest, APrintThatFailsLeavesWhatWasThere) {
   const auto impresion = suite.NuevaImpresionFactura(entorno, db, empresa);
   for (int operacion = 1;; ++operacion) {
     entorno.fallo.FallarEn(operacion);
-    const std::string fallo = Fallo([&] { impresion->Imprimir(Datos()); });
+    const std::string fallo = ErrorDe([&] { impresion->Imprimir(Datos()); });
     if (!entorno.fallo.Disparado()) break;
     ASSERT_NE(fallo, "(ninguno)") << operacion;
     EXPECT_EQ(sistema.ReadFile(carpeta / "f.pdf"), "anterior");
