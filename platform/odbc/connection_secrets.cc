@@ -28,8 +28,10 @@ bool KeyAt(std::string_view text, std::size_t at, std::string_view key) {
 }
 
 /// Where the value that starts at `at` ends; within braces, "}}" stands for one.
-std::size_t EndOfValue(std::string_view text, std::size_t at) {
-  if (at >= text.size() || text[at] != '{') return std::min(text.find(';', at), text.size());
+std::size_t EndOfValue(std::string_view text, std::size_t at, std::string_view marks) {
+  if (at >= text.size() || text[at] != '{') {
+    return std::min(text.find_first_of(marks, at), text.size());
+  }
   for (++at; at < text.size(); ++at) {
     if (text[at] != '}') continue;
     if (at + 1 == text.size() || text[at + 1] != '}') return at + 1;
@@ -50,13 +52,14 @@ std::string Unbraced(std::string_view value) {
   return plain;
 }
 
-/// The value behind the key at `at`, or an empty range behind the text.
+/// Tells the value of the pair at `at`, if there is one, and gives back where to go on. One of
+/// `marks` ends a value that stands in no braces.
 template <class Found>
-std::size_t VisitPair(std::string_view text, std::size_t at, Found found) {
+std::size_t VisitPair(std::string_view text, std::size_t at, std::string_view marks, Found found) {
   for (std::size_t i = 0; i < kKeys.size(); ++i) {
     if (!KeyAt(text, at, kKeys[i])) continue;
     const std::size_t start = at + kKeys[i].size() + 1;
-    const std::size_t end = EndOfValue(text, start);
+    const std::size_t end = EndOfValue(text, start, marks);
     found(start, end, i < kPasswords);
     return end;
   }
@@ -67,10 +70,11 @@ std::string WithoutPairs(std::string_view text) {
   std::string shown;
   std::size_t copied = 0;
   for (std::size_t at = 0; at < text.size();) {
-    at = VisitPair(text, at, [&](std::size_t start, std::size_t end, bool /*password*/) {
-      shown.append(text.substr(copied, start - copied)).append(kHidden);
-      copied = end;
-    });
+    at = VisitPair(text, at, "; \t\r\n'\"",
+                   [&](std::size_t start, std::size_t end, bool /*password*/) {
+                     shown.append(text.substr(copied, start - copied)).append(kHidden);
+                     copied = end;
+                   });
   }
   return shown.append(text.substr(copied));
 }
@@ -89,19 +93,20 @@ void HideValue(std::string& text, const std::string& value, bool anywhere) {
 
 ConnectionSecrets::ConnectionSecrets(std::string_view connection_string) {
   for (std::size_t at = 0; at < connection_string.size();) {
-    at = VisitPair(connection_string, at, [&](std::size_t start, std::size_t end, bool password) {
-      std::string value = Unbraced(connection_string.substr(start, end - start));
-      if (value.empty()) return;
-      const bool anywhere = password && value.size() >= kLongPassword;
-      secrets_.push_back({std::move(value), anywhere});
-    });
+    at = VisitPair(connection_string, at, ";",
+                   [&](std::size_t start, std::size_t end, bool password) {
+                     std::string value = Unbraced(connection_string.substr(start, end - start));
+                     if (value.empty()) return;
+                     const bool anywhere = password && value.size() >= kLongPassword;
+                     secrets_.push_back({std::move(value), anywhere});
+                   });
   }
 }
 
 std::string ConnectionSecrets::Hide(std::string_view text) const {
-  std::string shown = WithoutPairs(text);
+  std::string shown(text);
   for (const Secret& secret : secrets_) HideValue(shown, secret.value, secret.anywhere);
-  return shown;
+  return WithoutPairs(shown);
 }
 
 }  // namespace kvraedi::odbc
