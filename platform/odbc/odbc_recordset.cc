@@ -94,11 +94,21 @@ Bytes OdbcRecordset::BytesOf(const Cell& cell) const {
   return bytes;
 }
 
+std::string OdbcRecordset::CharactersOf(const Cell& cell) const {
+  const Bytes bytes = BytesOf(cell);
+  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+}
+
 /// A value that is fetched as a T.
 template <class T>
 T OdbcRecordset::Stored(int field) const {
   T value{};
-  std::memcpy(&value, At(field).data, sizeof(value));
+  const Cell cell = At(field);
+  if (cell.data != nullptr) {
+    std::memcpy(&value, cell.data, sizeof(value));
+  } else {
+    rows_->Load(cell.place, std::as_writable_bytes(std::span(&value, 1)));
+  }
   return value;
 }
 
@@ -175,7 +185,7 @@ std::string OdbcRecordset::TextOf(int field) const {
     case Kind::kReal:
       return RealText(Stored<double>(field));
     case Kind::kDecimal:
-      return PlainDecimal({reinterpret_cast<const char*>(cell.data), size});
+      return PlainDecimal(CharactersOf(cell));
     case Kind::kDate:
       return DateOf(Stored<SQL_TIMESTAMP_STRUCT>(field)).ToIso();
     case Kind::kText:
@@ -183,8 +193,7 @@ std::string OdbcRecordset::TextOf(int field) const {
     case Kind::kBytes:
       break;
   }
-  const Bytes bytes = BytesOf(cell);
-  return {reinterpret_cast<const char*>(bytes.data()), bytes.size()};
+  return CharactersOf(cell);
 }
 
 Bytes OdbcRecordset::ReadBytes(int field) const {

@@ -42,6 +42,7 @@ class OdbcRecordset : public Recordset, private Holder {
   template <class T>
   T Stored(int field) const;
   std::string TextOf(int field) const;
+  std::string CharactersOf(const Cell& cell) const;
   Bytes BytesOf(const Cell& cell) const;
 
   std::shared_ptr<Session> session_;
