@@ -1,6 +1,8 @@
 #include "tests/platform/odbc/servidor_tds.h"
 
+#include <fcntl.h>
 #include <signal.h>
+#include <sys/prctl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -34,7 +36,9 @@ ServidorTds::ServidorTds(const std::vector<std::string>& opciones) : carpeta_(Ca
   if (pipe(tubo.data()) != 0) return;
   proceso_ = fork();
   if (proceso_ == 0) {
+    prctl(PR_SET_PDEATHSIG, SIGKILL);  // also when the test crashes
     dup2(tubo[1], STDOUT_FILENO);
+    dup2(open("/dev/null", O_WRONLY), STDERR_FILENO);
     execvp(palabras[0], palabras.data());
     _exit(127);
   }
