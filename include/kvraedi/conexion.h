@@ -73,8 +73,33 @@ class KVRAEDI_API Recordset {
   virtual Bytes ReadBytes(int field) const = 0;
 
  private:
+  friend class RecordsetWrapper;
   template <class T>
   T Read(int field) const;
+};
+
+/// Passes every call on: the base of recordsets that log, count or fail on purpose.
+class KVRAEDI_API RecordsetWrapper : public Recordset {
+ public:
+  explicit RecordsetWrapper(std::unique_ptr<Recordset> target) : target_(std::move(target)) {}
+
+  bool Eof() const override { return target_->Eof(); }
+  void MoveNext() override { target_->MoveNext(); }
+  void Close() override { target_->Close(); }
+  int Field(std::string_view name) const override { return target_->Field(name); }
+  bool IsNull(int field) const override { return target_->IsNull(field); }
+
+ protected:
+  std::int64_t ReadInteger(int field) const override { return target_->ReadInteger(field); }
+  double ReadDouble(int field) const override { return target_->ReadDouble(field); }
+  Currency ReadCurrency(int field) const override { return target_->ReadCurrency(field); }
+  FechaHora ReadDate(int field) const override { return target_->ReadDate(field); }
+  bool ReadBool(int field) const override { return target_->ReadBool(field); }
+  std::string_view ReadText(int field) const override { return target_->ReadText(field); }
+  Bytes ReadBytes(int field) const override { return target_->ReadBytes(field); }
+
+ private:
+  std::unique_ptr<Recordset> target_;
 };
 
 /// An open database, in the terms of ADO. The host owns its lifetime; the component never opens,

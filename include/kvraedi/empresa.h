@@ -1,8 +1,10 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "kvraedi/export.h"
 #include "kvraedi/valor.h"
@@ -30,6 +32,26 @@ class KVRAEDI_API Empresa {
   /// Company parameter by name ("EDI_PathFichEnvios", "EDI_GLNEmpresa", ...); an unknown one is
   /// null.
   virtual Valor Parametro(std::string_view nombre) const = 0;
+};
+
+/// Passes every call on: the base of company objects that log, change an answer or fail on purpose.
+class KVRAEDI_API EmpresaWrapper : public Empresa {
+ public:
+  explicit EmpresaWrapper(std::shared_ptr<Empresa> target) : target_(std::move(target)) {}
+
+  std::int16_t CodigoEmpresa() const override { return target_->CodigoEmpresa(); }
+  std::int16_t EmpresaArticulos() const override { return target_->EmpresaArticulos(); }
+  std::int16_t EmpresaClientes() const override { return target_->EmpresaClientes(); }
+  std::int16_t EmpresaProveedores() const override { return target_->EmpresaProveedores(); }
+  bool AplicaIGIC() const override { return target_->AplicaIGIC(); }
+  std::string RutaAplicacion() const override { return target_->RutaAplicacion(); }
+  Currency PorcentajeImpuesto(std::int16_t codigo) const override {
+    return target_->PorcentajeImpuesto(codigo);
+  }
+  Valor Parametro(std::string_view nombre) const override { return target_->Parametro(nombre); }
+
+ private:
+  std::shared_ptr<Empresa> target_;
 };
 
 }  // namespace kvraedi

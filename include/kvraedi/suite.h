@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "kvraedi/compra_mini.h"
 #include "kvraedi/conexion.h"
@@ -107,6 +108,62 @@ class KVRAEDI_API Suite {
                                                 const std::filesystem::path& fichero) = 0;
   /// What puts documents on paper; raises `Error` when this installation has none.
   virtual Impresora& ImpresoraActual() = 0;
+};
+
+/// Passes every call on: the base of suites that log, replace a component or fail on purpose.
+class KVRAEDI_API SuiteWrapper : public Suite {
+ public:
+  /// `target` must outlive the wrapper.
+  explicit SuiteWrapper(Suite& target) : target_(target) {}
+
+  std::unique_ptr<ui::PickerSource> Clientes(std::shared_ptr<Connection> conexion,
+                                             std::shared_ptr<Empresa> empresa) override {
+    return target_.Clientes(std::move(conexion), std::move(empresa));
+  }
+  std::unique_ptr<ui::PickerSource> Proveedores(std::shared_ptr<Connection> conexion,
+                                                std::shared_ptr<Empresa> empresa) override {
+    return target_.Proveedores(std::move(conexion), std::move(empresa));
+  }
+  std::unique_ptr<ui::PickerSource> Cadenas(std::shared_ptr<Connection> conexion,
+                                            std::shared_ptr<Empresa> empresa) override {
+    return target_.Cadenas(std::move(conexion), std::move(empresa));
+  }
+  std::optional<LugarPostal> BuscarCodigoPostal(Connection& conexion,
+                                                std::int32_t codigo) override {
+    return target_.BuscarCodigoPostal(conexion, codigo);
+  }
+  std::unique_ptr<DocumentoXml> NuevoDocumentoXml(Entorno& entorno) override {
+    return target_.NuevoDocumentoXml(entorno);
+  }
+  std::unique_ptr<FicheroLog> AbrirLog(Entorno& entorno,
+                                       const std::filesystem::path& fichero) override {
+    return target_.AbrirLog(entorno, fichero);
+  }
+  std::optional<std::string> LeerIni(Entorno& entorno, const std::filesystem::path& fichero,
+                                     std::string_view seccion, std::string_view clave) override {
+    return target_.LeerIni(entorno, fichero, seccion, clave);
+  }
+  std::unique_ptr<PedidoCliente> NuevoPedidoCliente(std::shared_ptr<Connection> conexion,
+                                                    std::shared_ptr<Empresa> empresa) override {
+    return target_.NuevoPedidoCliente(std::move(conexion), std::move(empresa));
+  }
+  std::unique_ptr<CompraMini> NuevaCompraMini(std::shared_ptr<Connection> conexion,
+                                              std::shared_ptr<Empresa> empresa) override {
+    return target_.NuevaCompraMini(std::move(conexion), std::move(empresa));
+  }
+  std::unique_ptr<ImpresionFactura> NuevaImpresionFactura(
+      Entorno& entorno, std::shared_ptr<Connection> conexion,
+      std::shared_ptr<Empresa> empresa) override {
+    return target_.NuevaImpresionFactura(entorno, std::move(conexion), std::move(empresa));
+  }
+  std::unique_ptr<Informe> AbrirInforme(Entorno& entorno, std::shared_ptr<Connection> conexion,
+                                        const std::filesystem::path& fichero) override {
+    return target_.AbrirInforme(entorno, std::move(conexion), fichero);
+  }
+  Impresora& ImpresoraActual() override { return target_.ImpresoraActual(); }
+
+ private:
+  Suite& target_;
 };
 
 }  // namespace kvraedi

@@ -68,6 +68,32 @@ class KVRAEDI_API Toolkit {
   virtual int TextWidth(const Font& font, std::string_view text) = 0;
 };
 
+/// Passes every call on: the base of toolkits that log or fail on purpose.
+class KVRAEDI_API ToolkitWrapper : public Toolkit {
+ public:
+  /// `target` must outlive the wrapper, and the wrapper the windows that were opened through it.
+  explicit ToolkitWrapper(Toolkit& target) : target_(target) {}
+
+  Answer Show(const MessageBox& box) override { return target_.Show(box); }
+  std::optional<std::filesystem::path> ChooseFile(const FileDialog& dialog) override {
+    return target_.ChooseFile(dialog);
+  }
+  std::optional<std::filesystem::path> ChooseFolder(const FolderDialog& dialog) override {
+    return target_.ChooseFolder(dialog);
+  }
+  void Open(Form& form, ShowMode mode, Form* owner) override { target_.Open(form, mode, owner); }
+  void Hide(Form& form) override { target_.Hide(form); }
+  void Close(Form& form) override { target_.Close(form); }
+  void Repaint(Form& form) override { target_.Repaint(form); }
+  void SetPointer(Pointer pointer) override { target_.SetPointer(pointer); }
+  int TextWidth(const Font& font, std::string_view text) override {
+    return target_.TextWidth(font, text);
+  }
+
+ private:
+  Toolkit& target_;
+};
+
 /// The toolkit in use; raises `Error` when the host has installed none.
 KVRAEDI_API Toolkit& CurrentToolkit();
 
