@@ -1,33 +1,16 @@
 #pragma once
 
-#include <cstdint>
-#include <memory>
-
+#include "kvraedi/entrada_pantalla.h"
 #include "kvraedi/export.h"
 #include "kvraedi/sesion.h"
 
 namespace kvraedi {
 
-namespace ui {
-class Form;
-}
-
 /// Entry to the administrative centres that Facturae documents address.
-class KVRAEDI_API frmclsCentrosAdministrativos : public PropiedadesSesionOdbc {
+class KVRAEDI_API frmclsCentrosAdministrativos : public PropiedadesSesionOdbc,
+                                                 public EntradaPantalla {
  public:
   frmclsCentrosAdministrativos();
-  /// Unloads the screen when it is still open.
-  ~frmclsCentrosAdministrativos();
-  frmclsCentrosAdministrativos(const frmclsCentrosAdministrativos&) = delete;
-  frmclsCentrosAdministrativos& operator=(const frmclsCentrosAdministrativos&) = delete;
-
-  /// Opens the screen, or brings forward the one that is open. `Modal` is 0 or 1; with 1 the call
-  /// returns when the screen is closed. `OwnerForm` may be null.
-  void Show(std::int16_t Modal, ui::Form* OwnerForm);
-
- private:
-  struct Pantalla;
-  std::unique_ptr<Pantalla> pantalla_;
 };
 
 }  // namespace kvraedi
