@@ -1,29 +1,27 @@
 #include "frame/clsView.h"
 
 #include "frame/frmView.h"
+#include "frame/referencia_pantalla.h"
 
 namespace kvraedi {
 namespace {
 
-std::shared_ptr<frmView>& Instancia() {
-  static std::shared_ptr<frmView> instancia;
-  return instancia;
+ReferenciaPantalla<frmView>& VistaPrevia() {
+  static ReferenciaPantalla<frmView> vista(NuevaPantalla<frmView>);
+  return vista;
 }
 
 }  // namespace
 
 void clsView::Cargar(bool modal, std::int16_t zoom) {
-  auto& instancia = Instancia();
-  if (!instancia) {
-    instancia = std::make_shared<frmView>();
-    instancia->onUnload = [] { Instancia().reset(); };
-  }
-  const auto form = instancia;
+  const auto form = VistaPrevia().Pedir();
   form->Report(informe_);
   form->Zoom(zoom);
   form->OpcionGuardar(true);
   if (form->Loaded()) form->Presentar();
   form->Show(modal ? ui::ShowMode::kModal : ui::ShowMode::kModeless);
 }
+
+void CerrarVistaPrevia() noexcept { VistaPrevia().Cerrar(); }
 
 }  // namespace kvraedi

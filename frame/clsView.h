@@ -19,4 +19,7 @@ class clsView {
   std::shared_ptr<Informe> informe_;
 };
 
+/// Closes the preview window if there is one.
+void CerrarVistaPrevia() noexcept;
+
 }  // namespace kvraedi

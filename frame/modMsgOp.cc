@@ -3,6 +3,7 @@
 #include <exception>
 #include <memory>
 
+#include "frame/referencia_pantalla.h"
 #include "kvraedi/ui/toolkit.h"
 
 namespace kvraedi {
@@ -11,33 +12,34 @@ namespace {
 constexpr ui::Font kFuenteMedida{"MS Sans Serif", 8, true};
 constexpr int kMargenTwips = 2500;
 
-std::shared_ptr<frmMsg>& Instancia() {
-  static std::shared_ptr<frmMsg> instancia;
-  return instancia;
+ReferenciaPantalla<frmMsg>& Ventana() {
+  static ReferenciaPantalla<frmMsg> ventana(NuevaPantalla<frmMsg>);
+  return ventana;
 }
 
-frmMsg& InstanciaCreada() {
-  auto& instancia = Instancia();
-  if (!instancia) {
-    instancia = std::make_shared<frmMsg>();
-    instancia->onUnload = [] { Instancia().reset(); };
+/// Takes one step; when it fails, the next one is taken all the same.
+template <class Paso>
+void Intentar(Paso&& paso) noexcept {
+  try {
+    paso();
+  } catch (const std::exception&) {
+    return;
   }
-  return *instancia;
 }
 
 void Mostrar(std::string_view mensaje) {
-  auto& toolkit = ui::CurrentToolkit();
-  toolkit.SetPointer(ui::Pointer::kHourglass);
-  frmMsg& form = InstanciaCreada();
-  form.Mensaje(std::string(mensaje.empty() ? kMensajeOperacion : mensaje));
-  form.RefreshMsg();
-  form.Show(ui::ShowMode::kModeless);
-  toolkit.Repaint(form);
+  Intentar([] { ui::CurrentToolkit().SetPointer(ui::Pointer::kHourglass); });
+  const auto form = Ventana().Pedir();
+  form->Mensaje(std::string(mensaje.empty() ? kMensajeOperacion : mensaje));
+  form->RefreshMsg();
+  Intentar([&] { form->Show(ui::ShowMode::kModeless); });
+  Intentar([&] { ui::CurrentToolkit().Repaint(*form); });
 }
 
 void Ocultar() {
-  ui::CurrentToolkit().SetPointer(ui::Pointer::kDefault);
-  if (const auto& instancia = Instancia()) instancia->Hide();
+  Intentar([] { ui::CurrentToolkit().SetPointer(ui::Pointer::kDefault); });
+  const auto form = Ventana().Actual();
+  if (form) Intentar([&] { form->Hide(); });
 }
 
 }  // namespace
@@ -46,19 +48,21 @@ frmMsg::frmMsg() : Form("frmMsg", "") { SetLayout(ui::Column({lblMsg})); }
 
 void frmMsg::RefreshMsg() {
   if (!mensaje_.empty()) lblMsg.SetCaption(mensaje_);
-  SetWidth(ui::CurrentToolkit().TextWidth(kFuenteMedida, mensaje_) + kMargenTwips);
+  int ancho = 0;
+  Intentar([&] { ancho = ui::CurrentToolkit().TextWidth(kFuenteMedida, mensaje_) + kMargenTwips; });
+  SetWidth(ancho);
 }
 
 void MsgOp(bool mostrar, std::string_view mensaje) noexcept {
-  try {
+  Intentar([&] {
     if (mostrar) {
       Mostrar(mensaje);
     } else {
       Ocultar();
     }
-  } catch (const std::exception&) {
-    return;
-  }
+  });
 }
+
+void CerrarMsgOp() noexcept { Ventana().Cerrar(); }
 
 }  // namespace kvraedi

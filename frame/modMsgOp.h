@@ -15,7 +15,8 @@ class frmMsg : public ui::Form {
   frmMsg();
 
   void Mensaje(std::string mensaje) { mensaje_ = std::move(mensaje); }
-  /// Shows the message, if there is one, and fits the window to it.
+  /// Shows the message, if there is one, and fits the window to it; where texts cannot be measured
+  /// the toolkit fits it.
   void RefreshMsg();
 
  protected:
@@ -27,7 +28,10 @@ class frmMsg : public ui::Form {
 };
 
 /// Shows the progress message with the hourglass pointer, or hides it. An empty text stands for the
-/// general one. Failures are ignored: the message never interrupts its caller.
+/// general one. Failures are ignored, each by itself: the message never interrupts its caller.
 void MsgOp(bool mostrar, std::string_view mensaje) noexcept;
+
+/// Takes the window away; the next message makes another.
+void CerrarMsgOp() noexcept;
 
 }  // namespace kvraedi

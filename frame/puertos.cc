@@ -2,6 +2,8 @@
 
 #include <string>
 
+#include "frame/clsView.h"
+#include "frame/modMsgOp.h"
 #include "kvraedi/conexion.h"
 #include "kvraedi/empresa.h"
 
@@ -40,7 +42,11 @@ Port& Required(Port* port, const char* name) {
 
 }  // namespace
 
-void InstalarAdaptadores(const Adaptadores& adaptadores) { Instalados() = adaptadores; }
+void InstalarAdaptadores(const Adaptadores& adaptadores) {
+  CerrarMsgOp();
+  CerrarVistaPrevia();
+  Instalados() = adaptadores;
+}
 
 Entorno& EntornoActual() { return Required(Instalados().entorno, "entorno"); }
 Suite& SuiteActual() { return Required(Instalados().suite, "suite"); }

@@ -1,6 +1,7 @@
 #include "kvraedi/ui/form.h"
 
 #include <algorithm>
+#include <exception>
 #include <utility>
 
 #include "kvraedi/ui/toolkit.h"
@@ -41,7 +42,14 @@ Form::Form(std::string name, std::string caption)
     : name_(std::move(name)), caption_(std::move(caption)) {}
 
 Form::~Form() {
-  if (view_ != nullptr) CurrentToolkit().Close(*this);
+  try {
+    CloseWindow();
+  } catch (const std::exception&) {  // nobody is left to be told
+  }
+}
+
+void Form::CloseWindow() {
+  if (view_ != nullptr) toolkit_->Close(*this);
 }
 
 void Form::SetCaption(std::string caption) {
@@ -66,15 +74,30 @@ void Form::Show(ShowMode mode, Form* owner) {
     }
   }
   if (state_ != State::kLoaded) return;
+  Toolkit& toolkit = CurrentToolkit();
+  if (toolkit_ != &toolkit) CloseWindow();
+  toolkit_ = &toolkit;
+  const bool before = visible_;
   visible_ = true;
-  OnActivate();
-  CurrentToolkit().Open(*this, mode, owner);
+  try {
+    OnActivate();
+    toolkit.Open(*this, mode, owner);
+  } catch (...) {
+    visible_ = before && state_ == State::kLoaded;
+    throw;
+  }
 }
 
 void Form::Hide() {
   if (!visible_) return;
   visible_ = false;
-  CurrentToolkit().Hide(*this);
+  if (view_ == nullptr) return;
+  try {
+    toolkit_->Hide(*this);
+  } catch (...) {
+    visible_ = true;
+    throw;
+  }
 }
 
 void Form::Unload() {
@@ -84,7 +107,7 @@ void Form::Unload() {
   visible_ = false;
   OnUnload();
   if (onUnload) onUnload();
-  if (view_ != nullptr) CurrentToolkit().Close(*this);
+  CloseWindow();
 }
 
 void Form::PressFunctionKey(int number) {

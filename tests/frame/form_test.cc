@@ -3,6 +3,7 @@
 #include "kvraedi/adaptadores.h"
 #include "kvraedi/error.h"
 #include "platform/headless/headless_toolkit.h"
+#include "tests/apoyo/puertos_con_fallos.h"
 
 namespace kvraedi {
 namespace {
@@ -26,7 +27,6 @@ struct TestForm : ui::Form {
     SetLayout(ui::Column({ui::Row({label, first}), ui::Row({second, button}), combo, picker}));
     button.onClick = [this] { Unload(); };
     combo.onClick = [this] { ++comboClicks; };
-    first.onEnter = [this] { ++enters; };
   }
   void OnLoad() override {
     ++loads;
@@ -35,13 +35,13 @@ struct TestForm : ui::Form {
   void OnUnload() override { ++unloads; }
 
   ui::Label label{*this, "label", "Texto"};
-  ui::TextBox first{*this, "first"};
+  ui::TextArea first{*this, "first"};
   ui::DateBox second{*this, "second"};
   ui::Button button{*this, "button", "&Cerrar"};
   ui::ComboBox combo{*this, "combo"};
   ui::Picker picker{*this, "picker"};
   bool unloadInsideLoad = false;
-  int loads = 0, unloads = 0, comboClicks = 0, enters = 0;
+  int loads = 0, unloads = 0, comboClicks = 0;
 };
 
 class FormTest : public testing::Test {
@@ -51,7 +51,9 @@ class FormTest : public testing::Test {
     form.reset();
     InstalarAdaptadores({});
   }
-  HeadlessToolkit toolkit;
+  const ui::Form* Abierta() const { return real.OpenForm("frmPrueba"); }
+  HeadlessToolkit real;
+  ToolkitConFallos toolkit{real};
   std::shared_ptr<TestForm> form = std::make_shared<TestForm>();
 };
 
@@ -62,39 +64,63 @@ TEST_F(FormTest, LoadsOnceAndUnloadsOnce) {
   form->Hide();
   form->Show();
   EXPECT_EQ(form->loads, 1);
-  EXPECT_EQ(toolkit.OpenForm("frmPrueba"), form.get());
+  EXPECT_EQ(Abierta(), form.get());
   form->Unload();
   form->Unload();
   EXPECT_EQ(form->unloads, 1);
   EXPECT_EQ(events, 1);
-  EXPECT_EQ(toolkit.OpenForm("frmPrueba"), nullptr);
-}
-
-TEST_F(FormTest, UnloadedInsideItsLoadIsNeverShown) {
+  form = std::make_shared<TestForm>();
   form->unloadInsideLoad = true;
   form->Show(ui::ShowMode::kModal);
   EXPECT_FALSE(form->Visible());
-  EXPECT_EQ(toolkit.OpenForm("frmPrueba"), nullptr);
+  EXPECT_EQ(Abierta(), nullptr);
 }
 
 TEST_F(FormTest, LivesUntilTheHandlerThatForgetsItReturns) {
   form->onUnload = [this] { form.reset(); };
   form->Show();
-  ui::Button& button = form->button;
-  button.Press();
+  form->button.Press();
   EXPECT_EQ(form, nullptr);
 }
 
-TEST_F(FormTest, ModalShowRunsTheQueuedStepsThenCloses) {
-  toolkit.OnShow("frmPrueba", [](ui::Form& shown) {
-    dynamic_cast<ui::TextBox*>(shown.Find("first"))->Type("hola");
-  });
-  form->Show(ui::ShowMode::kModal);
-  EXPECT_EQ(form->first.Text(), "hola");
+TEST_F(FormTest, AWindowThatFailsLeavesNoFormBehind) {
+  toolkit.fallo.FallarEn(1);
+  EXPECT_THROW(form->Show(), Error);
+  EXPECT_FALSE(form->Visible());
+  form->Show();
+  EXPECT_EQ(Abierta(), form.get());
+  toolkit.fallo.FallarEn(1);
+  EXPECT_THROW(form->Unload(), Error);
   EXPECT_FALSE(form->Loaded());
+  toolkit.fallo.FallarEn(1);
+  form.reset();
+  EXPECT_TRUE(toolkit.fallo.Disparado()) << "a destructor does not raise";
 }
 
-TEST_F(FormTest, FocusGoesToTheNextControlThatCanTakeIt) {
+TEST_F(FormTest, TheToolkitThatOpenedTheWindowClosesIt) {
+  HeadlessToolkit otro;
+  form->Show();
+  InstalarAdaptadores({});
+  form.reset();
+  EXPECT_EQ(Abierta(), nullptr);
+  InstalarAdaptadores({.toolkit = &toolkit});
+  form = std::make_shared<TestForm>();
+  form->Show();
+  InstalarAdaptadores({.toolkit = &otro});
+  form->Show();
+  EXPECT_EQ(Abierta(), nullptr);
+  EXPECT_EQ(otro.OpenForm("frmPrueba"), form.get());
+  form->Unload();
+  InstalarAdaptadores({});
+  try {
+    ui::CurrentToolkit();
+    FAIL();
+  } catch (const Error& error) {
+    EXPECT_NE(error.Description().find("toolkit"), std::string::npos);
+  }
+}
+
+TEST_F(FormTest, TheUserReachesOnlyWhatIsEnabledAndVisible) {
   form->FocusNext(form->first);
   EXPECT_EQ(form->ActiveControl(), &form->second);
   form->button.SetEnabled(false);
@@ -102,64 +128,68 @@ TEST_F(FormTest, FocusGoesToTheNextControlThatCanTakeIt) {
   EXPECT_EQ(form->ActiveControl(), &form->combo);
   form->FocusNext(form->picker);
   EXPECT_EQ(form->ActiveControl(), &form->first) << "labels are passed over, the end wraps";
-}
-
-TEST_F(FormTest, DisabledAndHiddenControlsIgnoreTheUser) {
   form->first.SetEnabled(false);
   form->first.Type("x");
-  form->first.PressEnter();
+  form->button.SetEnabled(true);
   form->button.SetVisible(false);
   form->Show();
   form->button.Press();
   EXPECT_EQ(form->first.Text(), "");
-  EXPECT_EQ(form->enters, 0);
   EXPECT_TRUE(form->Loaded());
 }
 
-TEST_F(FormTest, ComboClicksComeFromUserAndProgram) {
-  form->combo.AddItem("a");
-  form->combo.AddItem("b");
-  form->combo.SetListIndex(0);
-  form->combo.SetListIndex(0);
-  EXPECT_EQ(form->comboClicks, 1);
-  form->combo.Choose(0);
-  form->combo.Choose(5);
-  EXPECT_EQ(form->comboClicks, 2);
-  EXPECT_EQ(form->combo.ListIndex(), 0);
-}
-
-TEST_F(FormTest, ComboItemsAreFoundByTextAndByData) {
+TEST_F(FormTest, CombosAreChosenByUserAndProgram) {
   EXPECT_EQ(form->combo.Text(), "");
   EXPECT_EQ(form->combo.Data(), 0);
   form->combo.AddItem("a", 34);
   form->combo.AddItem("b", -1);
   form->combo.AddItem("a", 5);
-  form->combo.SelectData(5);
-  EXPECT_EQ(form->combo.ListIndex(), 2);
-  form->combo.SelectData(6);
-  form->combo.SelectText("c");
-  EXPECT_EQ(form->combo.ListIndex(), 2);
-  form->combo.SelectText("a");
-  EXPECT_EQ(form->combo.Text(), "a");
+  const struct {
+    std::function<void(ui::ComboBox&)> choice;
+    int index, clicks;
+  } cases[] = {{[](auto& combo) { combo.SetListIndex(0); }, 0, 1},
+               {[](auto& combo) { combo.SetListIndex(0); }, 0, 1},
+               {[](auto& combo) { combo.Choose(0); }, 0, 2},
+               {[](auto& combo) { combo.Choose(5); }, 0, 2},
+               {[](auto& combo) { combo.SelectData(5); }, 2, 3},
+               {[](auto& combo) { combo.SelectData(6), combo.SelectText("c"); }, 2, 3},
+               {[](auto& combo) { combo.SelectText("a"); }, 0, 4}};
+  for (const auto& [choice, index, clicks] : cases) {
+    choice(form->combo);
+    EXPECT_EQ(form->combo.ListIndex(), index);
+    EXPECT_EQ(form->comboClicks, clicks);
+  }
   EXPECT_EQ(form->combo.Data(), 34);
-  EXPECT_EQ(form->comboClicks, 2);
 }
 
-TEST_F(FormTest, DateBoxKeepsWhatStandsUnderTheMask) {
-  for (const auto& [typed, text] : {std::pair{"01032024", "01/03/2024"},
-                                    {"01/03/2024", "01/03/2024"},
-                                    {"//", ""},
-                                    {"__/__/____", ""},
-                                    {"", ""},
-                                    {"1/3", "1/3"}}) {
+TEST_F(FormTest, FieldsKeepWhatIsTypedInTheirOwnWay) {
+  const std::pair<const char*, const char*> fechas[] = {{"01032024", "01/03/2024"},
+                                                        {"01/03/2024", "01/03/2024"},
+                                                        {"//", ""},
+                                                        {"__/__/____", ""},
+                                                        {"", ""},
+                                                        {"1/3", "1/3"}};
+  for (const auto& [typed, text] : fechas) {
     form->second.Type(typed);
     EXPECT_EQ(form->second.Text(), text);
   }
+  const std::pair<const char*, const char*> textos[] = {
+      {"años", "añoS"},           {"x\r\nañoS", "X\r\nañoS"}, {"", ""},
+      {"ñandú 3÷b", "ÑANDÚ 3÷B"}, {"ÑANDè 3÷B", "ÑANDÈ 3÷B"}, {"ÑANDÈ 3÷BBb", "ÑANDÈ 3÷BBB"},
+      {"ÑANDÈ", "ÑANDÈ"},         {"ÑANDÈÿ€", "ÑANDÈÿ€"}};
+  form->first.SetUpperCase(true);
+  form->first.SetText("año");
+  for (const auto& [typed, text] : textos) {
+    form->first.Type(typed);
+    EXPECT_EQ(form->first.Text(), text);
+  }
+  form->first.SetReadOnly(true);
+  form->first.Type("nada");
+  EXPECT_EQ(form->first.Text(), "ÑANDÈÿ€");
 }
 
 TEST_F(FormTest, PickerLooksATextUpOnceAndTellsFailures) {
   form->picker.SetSource(std::make_unique<Source>());
-  Source::resolved = 0;
   form->picker.Type("7");
   EXPECT_TRUE(form->picker.Valid());
   EXPECT_EQ(form->picker.Code(), 7);
@@ -173,39 +203,6 @@ TEST_F(FormTest, PickerLooksATextUpOnceAndTellsFailures) {
   EXPECT_EQ(form->picker.Description(), "Siete");
   form->picker.Clear();
   EXPECT_FALSE(form->picker.Valid());
-}
-
-TEST(Adapters, AMissingOneIsToldByName) {
-  InstalarAdaptadores({});
-  try {
-    ui::CurrentToolkit();
-    FAIL();
-  } catch (const Error& error) {
-    EXPECT_NE(error.Description().find("toolkit"), std::string::npos);
-  }
-}
-
-TEST(TextArea, WhatIsTypedTurnsIntoCapitals) {
-  struct Comentario : ui::Form {
-    Comentario() : Form("frmPrueba", "Prueba") {}
-    ui::TextArea texto{*this, "texto"};
-  } form;
-  form.texto.SetUpperCase(true);
-  form.texto.SetText("año");
-  const struct {
-    const char *escrito, *queda;
-  } casos[] = {
-      {"años", "añoS"},           {"x\r\nañoS", "X\r\nañoS"}, {"", ""},
-      {"ñandú 3÷b", "ÑANDÚ 3÷B"}, {"ÑANDè 3÷B", "ÑANDÈ 3÷B"}, {"ÑANDÈ 3÷BBb", "ÑANDÈ 3÷BBB"},
-      {"ÑANDÈ", "ÑANDÈ"},         {"ÑANDÈÿ€", "ÑANDÈÿ€"},
-  };
-  for (const auto& [escrito, queda] : casos) {
-    form.texto.Type(escrito);
-    EXPECT_EQ(form.texto.Text(), queda);
-  }
-  form.texto.SetReadOnly(true);
-  form.texto.Type("nada");
-  EXPECT_EQ(form.texto.Text(), "ÑANDÈÿ€");
 }
 
 }  // namespace

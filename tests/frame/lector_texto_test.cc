@@ -45,16 +45,14 @@ TEST(LectorTexto, EveryWayToEndALineInPiecesOfAnySize) {
   const struct {
     std::string texto;
     Esperado lineas;
-  } casos[] = {
-      {"", {}},
-      {"\n", {""}},
-      {"\r\n\r\n", {"", ""}},
-      {"uno\r\ndos\ntres", {"uno", "dos", "tres"}},
-      {"uno\r\ndos\r\n", {"uno", "dos"}},
-      {"a\rb\nc\r", {"a\rb", "c"}},
-      {std::string("a\0b\n", 4), {std::string("a\0b", 3)}},
-      {std::string(200000, 'x') + "\ny", {std::string(200000, 'x'), "y"}},
-  };
+  } casos[] = {{"", {}},
+               {"\n", {""}},
+               {"\r\n\r\n", {"", ""}},
+               {"uno\r\ndos\ntres", {"uno", "dos", "tres"}},
+               {"uno\r\ndos\r\n", {"uno", "dos"}},
+               {"a\rb\nc\r", {"a\rb", "c"}},
+               {std::string("a\0b\n", 4), {std::string("a\0b", 3)}},
+               {std::string(200000, 'x') + "\ny", {std::string(200000, 'x'), "y"}}};
   for (const auto& caso : casos) {
     for (const std::size_t trozo : {1U, 2U, 3U, 70000U}) {
       EXPECT_EQ(caso.lineas, Lineas(caso.texto, trozo)) << trozo;
@@ -87,32 +85,30 @@ TEST(NumeroRecibido, TakesNumbersAndNothingElse) {
   const struct {
     const char* texto;
     std::optional<std::int64_t> unidades;
-  } casos[] = {
-      {"", 0},
-      {"   ", 0},
-      {"12", 120000},
-      {" -1,5 ", -15000},
-      {".25", 2500},
-      {"+3.", 30000},
-      {"0000007", 70000},
-      {"1e400", {}},
-      {"1e3", {}},
-      {"1.2.3", {}},
-      {"1,2.3", {}},
-      {"1); DROP TABLE x", {}},
-      {"-", {}},
-      {".", {}},
-      {"1 2", {}},
-      {"99999999999999999999", {}},
-      {"99999999999999", 999999999999990000},
-      {"-9999999999.9999", -99999999999999},
-      {"922337203685477.58", 9223372036854775800},
-      {"999999999999999", {}},
-      {"1-", {}},
-      {"0x10", {}},
-      {"0.00005", 1},
-      {"12\t", {}},
-  };
+  } casos[] = {{"", 0},
+               {"   ", 0},
+               {"12", 120000},
+               {" -1,5 ", -15000},
+               {".25", 2500},
+               {"+3.", 30000},
+               {"0000007", 70000},
+               {"1e400", {}},
+               {"1e3", {}},
+               {"1.2.3", {}},
+               {"1,2.3", {}},
+               {"1); DROP TABLE x", {}},
+               {"-", {}},
+               {".", {}},
+               {"1 2", {}},
+               {"99999999999999999999", {}},
+               {"99999999999999", 999999999999990000},
+               {"-9999999999.9999", -99999999999999},
+               {"922337203685477.58", 9223372036854775800},
+               {"999999999999999", {}},
+               {"1-", {}},
+               {"0x10", {}},
+               {"0.00005", 1},
+               {"12\t", {}}};
   for (const auto& caso : casos) {
     const auto numero = NumeroRecibido(caso.texto);
     ASSERT_EQ(caso.unidades.has_value(), numero.has_value()) << caso.texto;

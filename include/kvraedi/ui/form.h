@@ -37,6 +37,8 @@ KVRAEDI_API Layout Space();
 
 enum class ShowMode { kModeless = 0, kModal = 1 };
 
+class Toolkit;
+
 /// What an adapter hangs on a form while a native window shows it.
 class KVRAEDI_API FormView {
  public:
@@ -51,7 +53,7 @@ class KVRAEDI_API FormView {
 class KVRAEDI_API Form : public std::enable_shared_from_this<Form> {
  public:
   Form(std::string name, std::string caption);
-  /// Unloads the form; OnUnload of a derived class is not reached from here.
+  /// Takes the window away; neither OnUnload nor the unload event is reached from here.
   virtual ~Form();
   Form(const Form&) = delete;
   Form& operator=(const Form&) = delete;
@@ -65,10 +67,12 @@ class KVRAEDI_API Form : public std::enable_shared_from_this<Form> {
 
   /// Loads the form if that has not been done, then shows it or brings it forward. Modal returns
   /// when the form is hidden or unloaded. A form that unloads itself while loading is not shown;
-  /// one whose loading fails is unloaded.
+  /// one whose loading fails is unloaded. The toolkit that opens the window also hides and closes
+  /// it, whatever the host installs in between.
   void Show(ShowMode mode = ShowMode::kModeless, Form* owner = nullptr);
   void Hide();
-  /// Ends the form: OnUnload, then the unload event, then the native window goes. Once only.
+  /// Ends the form: OnUnload, then the unload event, then the native window goes. Once only; an
+  /// error of the window does not keep the form from being forgotten.
   void Unload();
   bool Loaded() const { return state_ == State::kLoaded; }
   bool Visible() const { return visible_; }
@@ -102,6 +106,7 @@ class KVRAEDI_API Form : public std::enable_shared_from_this<Form> {
  private:
   friend class Control;
   enum class State { kNew, kLoaded, kUnloaded };
+  void CloseWindow();
 
   std::string name_;
   std::string caption_;
@@ -112,6 +117,7 @@ class KVRAEDI_API Form : public std::enable_shared_from_this<Form> {
   Control* active_ = nullptr;
   Layout layout_;
   FormView* view_ = nullptr;
+  Toolkit* toolkit_ = nullptr;  // of the window; no view outlives it
 };
 
 }  // namespace kvraedi::ui

@@ -1,5 +1,6 @@
 // A small host: it lends the component its adapters, opens a screen and closes it, and sees errors
-// cross the library's border in both directions.
+// cross the library's border in both directions. It ends in the order that asks most of the
+// component: it takes its adapters back while its toolkit lives and a screen is open.
 #include <functional>
 #include <iostream>
 #include <memory>
@@ -7,6 +8,7 @@
 
 #include "kvraedi/adaptadores.h"
 #include "kvraedi/clsFacturacionEmision.h"
+#include "kvraedi/ui/controls.h"
 #include "platform/headless/headless_toolkit.h"
 #include "platform/os/entorno_sistema.h"
 #include "platform/sqlite/sqlite_connection.h"
@@ -75,7 +77,33 @@ void AbrirYCerrar(const std::shared_ptr<kvraedi::Connection>& conexion) {
   Comprobar(toolkit.Messages().size() == 1 && toolkit.Messages().front().text == kFalloSuite,
             "un error del programa lo recoge el componente");
   facturas.ConexionKestrova(nullptr);
+}
+
+template <class Control>
+Control& Buscar(const kvraedi::ui::Form& form, const char* nombre) {
+  return dynamic_cast<Control&>(*form.Find(nombre));
+}
+
+void DevolverConPantallaAbierta(const std::shared_ptr<kvraedi::Connection>& conexion) {
+  static kvraedi::EntornoSistema entorno;
+  static kvraedi::HeadlessToolkit toolkit;  // outlives what the component holds
+  static kvraedi::SuiteReferencia suite;
+  kvraedi::InstalarAdaptadores({&entorno, &toolkit, &suite});
+  kvraedi::clsFacturacionEmision facturas;
+  facturas.EmpresaKestrova(std::make_shared<EmpresaPropia>());
+  facturas.ConexionKestrova(conexion);
+  facturas.Show(0, nullptr);
+  auto& pantalla = *toolkit.OpenForm("frmEnvioFactura");
+  for (const char* fecha : {"txtFechaI", "txtFechaF"}) {
+    Buscar<kvraedi::ui::DateBox>(pantalla, fecha).Type("01012024");
+  }
+  Buscar<kvraedi::ui::DateBox>(pantalla, "txtFechaF").PressEnter();
+  Comprobar(toolkit.OpenForm("frmMsg") != nullptr, "el mensaje de progreso tiene su ventana");
+
   kvraedi::InstalarAdaptadores({});
+  Comprobar(toolkit.OpenForm("frmMsg") == nullptr, "y la pierde cuando se retiran los adaptadores");
+  Comprobar(toolkit.OpenForm("frmEnvioFactura") != nullptr, "la pantalla sigue abierta");
+  facturas.ConexionKestrova(nullptr);
 }
 
 }  // namespace
@@ -87,5 +115,6 @@ int main() {
   Comprobar(LanzaError([&] { conexion->Open("SELECT Codigo FROM NoExiste"); }),
             "un error de un adaptador lo recoge el programa");
   AbrirYCerrar(conexion);
+  DevolverConPantallaAbierta(conexion);
   return faltas;
 }
