@@ -3,6 +3,7 @@
 #include <array>
 
 #include "frame/fichero_provisional.h"
+#include "frame/ruta.h"
 #include "kvraedi/error.h"
 
 namespace kvraedi {
@@ -35,20 +36,24 @@ void CarpetaAnexos::Crear() {
   }
 }
 
+std::filesystem::path CarpetaAnexos::RutaDeNombre(std::string_view nombre) const {
+  return carpeta_ / RutaDe(NombreDeFichero(nombre));
+}
+
 void CarpetaAnexos::Guardar(std::string_view nombre, std::string_view contenido) {
   FicheroProvisional provisional(entorno_, carpeta_ / "~anexo.tmp");
   const auto escritor = entorno_.Create(provisional.Ruta());
   escritor->Write(contenido);
   escritor->Close();
-  provisional.Publicar(carpeta_ / NombreDeFichero(nombre));
+  provisional.Publicar(RutaDeNombre(nombre));
 }
 
 std::string CarpetaAnexos::Leer(std::string_view nombre) {
-  return entorno_.ReadFile(carpeta_ / NombreDeFichero(nombre));
+  return entorno_.ReadFile(RutaDeNombre(nombre));
 }
 
 void CarpetaAnexos::Abrir(std::string_view nombre) {
-  entorno_.OpenWithDefaultProgram(carpeta_ / NombreDeFichero(nombre));
+  entorno_.OpenWithDefaultProgram(RutaDeNombre(nombre));
 }
 
 }  // namespace kvraedi

@@ -29,6 +29,8 @@ class CarpetaAnexos {
   void Abrir(std::string_view nombre);
 
  private:
+  std::filesystem::path RutaDeNombre(std::string_view nombre) const;
+
   Entorno& entorno_;
   std::filesystem::path perfil_;
   std::filesystem::path carpeta_;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "frame/fichero_provisional.h"
+#include "frame/ruta.h"
 #include "kvraedi/error.h"
 
 namespace kvraedi {
@@ -16,7 +17,7 @@ FicheroEnvio::FicheroEnvio(Entorno& entorno, const std::filesystem::path& trabaj
   std::optional<FechaHora> anterior;
   for (bool creado = false; !creado;) {
     const FechaHora sello = entorno.FileStamp();
-    const std::string nombre = nombrar(sello);
+    const std::filesystem::path nombre = RutaDe(nombrar(sello));
     trabajo_ = trabajo / nombre;
     final_ = destino / nombre;
     creado = Crear(sello == anterior);
@@ -61,7 +62,7 @@ void FicheroEnvio::Publicar() {
     entorno_.Rename(copia, final_);
   } catch (const Error& error) {
     throw Error(error.Number(), error.Source(),
-                error.Description() + ". El fichero ha quedado en " + copia.string());
+                error.Description() + ". El fichero ha quedado en " + TextoRuta(copia));
   }
 }
 

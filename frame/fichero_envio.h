@@ -6,6 +6,7 @@
 #include <string>
 
 #include "frame/escritor_texto.h"
+#include "frame/ruta.h"
 #include "kvraedi/entorno.h"
 
 namespace kvraedi {
@@ -27,7 +28,7 @@ class FicheroEnvio {
   FicheroEnvio(const FicheroEnvio&) = delete;
   FicheroEnvio& operator=(const FicheroEnvio&) = delete;
 
-  std::string Nombre() const { return final_.filename().string(); }
+  std::string Nombre() const { return TextoRuta(final_.filename()); }
   EscritorTexto& Texto() { return *escritor_; }
   /// Closes the file, copies it to the destination under a name of its own and takes it out of the
   /// work folder.

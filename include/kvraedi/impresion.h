@@ -31,7 +31,6 @@ class KVRAEDI_API Impresora {
 
 /// Which invoice is printed, and where to.
 struct DatosImpresionFactura {
-  std::string impresora;  ///< the current printer; "" is the system's
   std::int16_t serie = 0;
   std::int16_t ejercicio = 0;
   std::int16_t tipoDoc = 0;

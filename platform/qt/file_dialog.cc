@@ -28,7 +28,7 @@ NativeDialog NewDialog(const std::string& title, const std::filesystem::path& fo
   NativeDialog native = new QFileDialog(QApplication::activeWindow());
   native->setOption(QFileDialog::DontUseNativeDialog);
   if (!title.empty()) native->setWindowTitle(ToQt(title));
-  if (!folder.empty()) native->setDirectory(ToQt(folder.string()));
+  if (!folder.empty()) native->setDirectory(QString::fromStdU16String(folder.u16string()));
   return native;
 }
 

@@ -134,7 +134,6 @@ TEST_F(Exportar, EveryTickedInvoiceLeavesItsDocumentsAndNoRecord) {
   EXPECT_FALSE(toolkit.OpenForm("frmMsg")->Visible());
   ASSERT_EQ(impresora.impresas.size(), 3U);
   const auto& datos = impresora.impresas[1];
-  EXPECT_EQ(datos.impresora, "");
   EXPECT_EQ(datos.serie, 3);
   EXPECT_EQ(datos.ejercicio, 2024);
   EXPECT_EQ(datos.tipoDoc, 0);
