@@ -1,6 +1,7 @@
 #include "dispatch/comprobacion_envio.h"
 #include "dispatch/fila_facturae.h"
 #include "dispatch/frmEnvioFactura.h"
+#include "dispatch/rechazo_fila.h"
 #include "dispatch/resultado_envio.h"
 #include "frame/accion.h"
 #include "frame/modMsgOp.h"
@@ -54,6 +55,7 @@ bool frmEnvioFactura::EnviarInvoic() {
   MsgOp(true, "Generando fichero INVOIC, por favor espere...");
   const auto cliente = Estrechar<std::int16_t>(txtCliente.Code());
   return EnviarMarcadas(
+      Canal::kInvoic,
       [&](int fila) {
         return INVOIC(cliente, Entero<std::int16_t>(vsDocs.Cell(fila, kSerie)),
                       Entero<std::int32_t>(vsDocs.Cell(fila, kFactura)),
@@ -66,18 +68,21 @@ bool frmEnvioFactura::EnviarInvoic() {
 
 bool frmEnvioFactura::EnviarFacturaE() {
   EmpezarFacturaE();
-  return EnviarMarcadas([&](int fila) { return GenerarFacturaE(vsDocs, fila, false, "", 0); },
-                        "Error al generar la factura: ",
-                        "El/los fichero/s de FACTURA E se han generado correctamente.");
+  return EnviarMarcadas(
+      Canal::kFacturae, [&](int fila) { return GenerarFacturaE(vsDocs, fila, false, "", 0); },
+      "Error al generar la factura: ",
+      "El/los fichero/s de FACTURA E se han generado correctamente.");
 }
 
-/// Sends the ticked rows in the order of the list and marks them; the first failure ends it,
-/// with false.
-bool frmEnvioFactura::EnviarMarcadas(const std::function<bool(int fila)>& enviar,
+/// Sends the ticked rows in the order of the list and marks them; the first failure, or row that
+/// must not be sent, ends it, with false.
+bool frmEnvioFactura::EnviarMarcadas(Canal canal, const std::function<bool(int fila)>& enviar,
                                      std::string_view fallo, std::string_view exito) {
   for (int fila = 1; fila < vsDocs.Rows(); ++fila) {
     if (!vsDocs.IsSet(fila, kSeleccion)) continue;
-    if (!enviar(fila)) {
+    const std::string rechazo = MotivoDeRechazo(vsDocs, fila, txtCliente.Code(), canal);
+    if (!rechazo.empty()) Exigir(rechazo);
+    if (!rechazo.empty() || !enviar(fila)) {
       Informar(std::string(fallo).append(vsDocs.Cell(fila, kFactura)));
       return false;
     }

@@ -72,19 +72,23 @@ fs::path frmEnvioFactura::PedirCarpeta() {
   return RutaDe(dialogo->Carpeta()) / "";
 }
 
-/// Exports the ticked rows in the order of the list; those that fail are told at the end. Only the
-/// first one gets the revision number. True when none failed.
+/// Exports the ticked rows in the order of the list; those that fail are told at the end, and why
+/// they must not be exported where that is the reason. Only the first one gets the revision number.
+/// True when none failed.
 bool frmEnvioFactura::ExportarMarcadas(const fs::path& carpeta) {
   EmpezarFacturaE();
   std::string fallidas;
+  std::string rechazos;
   for (int fila = 1; fila < vsDocs.Rows(); ++fila) {
     if (!vsDocs.IsSet(fila, kSeleccion)) continue;
-    if (!ExportarFila(fila, carpeta)) {
+    if (!ExportarFila(fila, carpeta, rechazos)) {
       fallidas.append(vsDocs.Cell(fila, kFactura)).append("\r\n");
+      MostrarProgresoFacturaE();  // the error handler has hidden it
     }
     txtNumRevision.SetText("0");
     vsDocs.SetCell(fila, kSeleccion, "0");
   }
+  if (!rechazos.empty()) Exigir("No se han exportado:\r\n" + rechazos);
   if (fallidas.empty()) {
     Informar("Ficheros de FACTURA E exportados correctamente.");
   } else {
@@ -95,8 +99,13 @@ bool frmEnvioFactura::ExportarMarcadas(const fs::path& carpeta) {
 }
 
 /// Makes the files of a row. When it has its document but the PDF of it fails, the user is told why
-/// and the row counts as failed.
-bool frmEnvioFactura::ExportarFila(int fila, const fs::path& carpeta) {
+/// and the row counts as failed; so does one that must not be exported, whose reason is added.
+bool frmEnvioFactura::ExportarFila(int fila, const fs::path& carpeta, std::string& rechazos) {
+  const std::string rechazo = MotivoDeRechazo(vsDocs, fila, txtCliente.Code(), Canal::kFacturae);
+  if (!rechazo.empty()) {
+    rechazos.append(rechazo).append("\r\n");
+    return false;
+  }
   const auto revision = EnteroOCero<std::int16_t>(txtNumRevision.Text());
   if (!GenerarFacturaE(vsDocs, fila, true, TextoRuta(carpeta), revision)) return false;
   const facturae::ClaveDocumento clave = ClaveDeFila(vsDocs, fila);

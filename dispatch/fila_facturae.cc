@@ -6,11 +6,6 @@
 #include "frame/numero.h"
 
 namespace kvraedi {
-namespace {
-
-constexpr std::int16_t kFacturaTicket = 1;
-
-}  // namespace
 
 FechaHora FechaCelda(std::string_view celda) {
   const auto fecha = FechaHora::Parse(celda);
@@ -37,8 +32,10 @@ facturae::ClaveDocumento ClaveDeFila(const ui::Grid& lista, int fila) {
           .codigoFT = largo(kCodigoFT)};
 }
 
+void MostrarProgresoFacturaE() { MsgOp(true, "Generando fichero Factura E, por favor espere..."); }
+
 void EmpezarFacturaE() {
-  MsgOp(true, "Generando fichero Factura E, por favor espere...");
+  MostrarProgresoFacturaE();
   auto& estado = facturae::Estado();
   estado.tipoEmisor = "EM";
   estado.tipoPersona = "J";

@@ -6,6 +6,7 @@
 #include "frame/avisos.h"
 #include "frame/carpeta_anexos.h"
 #include "frame/puertos.h"
+#include "frame/ruta.h"
 #include "frame/sesion.h"
 
 namespace kvraedi {
@@ -45,15 +46,15 @@ void frmAnexosFactura::Escuchar() {
 }
 
 void frmAnexosFactura::OnLoad() {
+  vsDocs.SetColumns(kColumnas);
   Accion("frmAnexosFactura:Load", [&] {
     CarpetaAnexos(EntornoActual()).Crear();
-    vsDocs.SetColumns(kColumnas);
     Cargar();
   });
 }
 
 void frmAnexosFactura::Cargar() {
-  Accion("frmAnexosFactura:Cargar", [&] {
+  listaFiel_ = Accion("frmAnexosFactura:Cargar", [&] {
     const auto anexos = ConexionActual().Open(ConsultaAnexos(documento_));
     vsDocs.Reset();
     for (; !anexos->Eof(); anexos->MoveNext()) {
@@ -69,7 +70,7 @@ void frmAnexosFactura::cmdExaminar_Click() {
   Accion("frmAnexosFactura:cmdExaminar_Click", [&] {
     const auto fichero =
         ui::CurrentToolkit().ChooseFile({.filter = "Fichero de Imagen (*.pdf)|*.pdf"});
-    if (fichero) txtRuta.SetText(fichero->string());
+    if (fichero) txtRuta.SetText(TextoRuta(*fichero));
   });
 }
 
@@ -93,7 +94,8 @@ void frmAnexosFactura::Anexar() {
   const std::string nombre = NombreDeFichero(txtRuta.Text());
   Connection& conexion = ConexionActual();
   conexion.Execute(InsertarAnexo(documento_, nombre, txtDescripcion.Text()));
-  const std::string contenido = EntornoActual().ReadFile(txtRuta.Text());
+  listaFiel_ = false;
+  const std::string contenido = EntornoActual().ReadFile(RutaDe(txtRuta.Text()));
   conexion.UpdateBlob(ConsultaContenido(documento_, nombre), "Stream",
                       std::as_bytes(std::span(contenido)));
   CarpetaAnexos(EntornoActual()).Guardar(nombre, contenido);
@@ -105,6 +107,7 @@ void frmAnexosFactura::cmdEliminarAnexo_Click() {
     const int fila = vsDocs.Row();
     if (fila <= 0) return;
     ConexionActual().Execute(BorrarAnexo(documento_, vsDocs.Cell(fila, kFichero)));
+    listaFiel_ = false;
     Cargar();
   });
 }
@@ -118,7 +121,7 @@ void frmAnexosFactura::cmdVer_Click() {
 
 void frmAnexosFactura::cmdSalir_Click() {
   numeroAnexos_ = vsDocs.Rows() - 1;
-  salida_ = true;
+  salida_ = listaFiel_;
   Unload();
 }
 

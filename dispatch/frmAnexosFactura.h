@@ -14,7 +14,7 @@ class frmAnexosFactura : public ui::Form {
   void Cargar();
 
   /// True once the screen was closed with its exit button; the number of attachments is that of
-  /// this moment.
+  /// this moment. Not so when the list could not be loaded: the number is then unknown.
   bool Salida() const { return salida_; }
   int NumeroAnexos() const { return numeroAnexos_; }
 
@@ -34,6 +34,7 @@ class frmAnexosFactura : public ui::Form {
   void Anexar();
 
   const facturae::ClaveDocumento documento_;
+  bool listaFiel_ = false;  // the list shows what is stored
   bool salida_ = false;
   int numeroAnexos_ = 0;
 

@@ -64,18 +64,31 @@ struct Campos {
       excluir, ejercicio, enviada, anexos, almacenFT, cajaFT, fechaFT, codigoFT;
 };
 
-std::string FechaCelda(const Recordset& rs, int campo) {
-  return rs.IsNull(campo) ? std::string() : FechaTexto(rs.Get<FechaHora>(campo));
+/// The text of a value; one that is beyond its type says so in its cell, so that it does not keep
+/// the other rows from being listed.
+template <class T, class Texto>
+std::string Celda(const Recordset& rs, int campo, Texto&& texto) {
+  if (rs.IsNull(campo)) return {};
+  try {
+    return texto(rs.Get<T>(campo));
+  } catch (const Error& error) {
+    if (error.Number() != kErrorOverflow && error.Number() != kErrorTypeMismatch) throw;
+    return "no válido";
+  }
+}
+
+std::string FechaDeLista(const Recordset& rs, int campo) {
+  return Celda<FechaHora>(rs, campo, FechaTexto);
 }
 
 void AnadirFila(ui::Grid& grid, const Recordset& rs, const Campos& campo) {
   const auto texto = [&](int columna) { return rs.GetOrEmpty<std::string_view>(columna); };
   const auto marca = [](bool puesta) { return std::string_view(puesta ? "X" : ""); };
   const bool directa = rs.GetOrEmpty<std::int16_t>(campo.tipo) == 0;
-  const std::string fecha = FechaCelda(rs, campo.fecha);
-  const std::string fechaFT = directa ? std::string() : FechaCelda(rs, campo.fechaFT);
+  const std::string fecha = FechaDeLista(rs, campo.fecha);
+  const std::string fechaFT = directa ? std::string() : FechaDeLista(rs, campo.fechaFT);
   const std::string total =
-      rs.IsNull(campo.total) ? std::string() : NumeroTexto(rs.Get<Currency>(campo.total), 2);
+      Celda<Currency>(rs, campo.total, [](Currency importe) { return NumeroTexto(importe, 2); });
   const std::array<std::string_view, kColumnasFactura> celdas = {
       "0",
       marca(rs.GetOrEmpty<std::int32_t>(campo.enviada) > 0),
@@ -155,17 +168,17 @@ void frmEnvioFactura::Escuchar() {
 }
 
 void frmEnvioFactura::OnLoad() {
+  for (const char* estado : {"Todos", "Generadas", "Pendientes"}) cboEstado.AddItem(estado);
+  for (const char* tipo : {"Todos", "F.Directa", "F.Ticket"}) cboTipo.AddItem(tipo);
+  cboEstado.SetListIndex(0);
+  cboTipo.SetListIndex(0);
+  vsDocs.SetColumns(kColumnas);
   Accion("frmEnvioFactura:Load", [&] {
     const Sesion& sesion = SesionActual();
     txtCliente.SetSource(SuiteActual().Clientes(sesion.conexion, sesion.empresa));
     txtCadena.SetSource(SuiteActual().Cadenas(sesion.conexion, sesion.empresa));
-    for (const char* estado : {"Todos", "Generadas", "Pendientes"}) cboEstado.AddItem(estado);
-    for (const char* tipo : {"Todos", "F.Directa", "F.Ticket"}) cboTipo.AddItem(tipo);
-    cboEstado.SetListIndex(0);
-    cboTipo.SetListIndex(0);
-    vsDocs.SetColumns(kColumnas);
-    cargado_ = true;
   });
+  cargado_ = true;
 }
 
 void frmEnvioFactura::Cargar() {

@@ -7,6 +7,7 @@
 
 #include "dispatch/comprobacion_envio.h"
 #include "dispatch/consulta_facturas.h"
+#include "dispatch/rechazo_fila.h"
 #include "kvraedi/conexion.h"
 #include "kvraedi/ui/form.h"
 
@@ -73,8 +74,8 @@ class frmEnvioFactura : public ui::Form {
   void cmdAceptar_Click();
   bool EnviarInvoic();
   bool EnviarFacturaE();
-  bool EnviarMarcadas(const std::function<bool(int fila)>& enviar, std::string_view fallo,
-                      std::string_view exito);
+  bool EnviarMarcadas(Canal canal, const std::function<bool(int fila)>& enviar,
+                      std::string_view fallo, std::string_view exito);
   bool EnviarCoacsu();
 
   // Exporting
@@ -82,7 +83,7 @@ class frmEnvioFactura : public ui::Form {
   bool RevisionConfirmada();
   std::filesystem::path PedirCarpeta();
   bool ExportarMarcadas(const std::filesystem::path& carpeta);
-  bool ExportarFila(int fila, const std::filesystem::path& carpeta);
+  bool ExportarFila(int fila, const std::filesystem::path& carpeta, std::string& rechazos);
 
   // Attachments
   void cmdAnexar_Click();

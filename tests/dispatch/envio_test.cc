@@ -1,5 +1,7 @@
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 #include "dispatch/frmEnvioFactura.h"
 #include "tests/apoyo/pantalla_envio.h"
 
@@ -89,6 +91,43 @@ TEST_F(EnvioTest, TheFirstFailureStopsTheLoop) {
   EXPECT_EQ(UltimoAviso(), "¡ Atención !|Error al generar la factura INVOIC: 2|1");
   EXPECT_EQ(Columna(kGenerada), (Celdas{"X", "", ""}));
   EXPECT_EQ(Columna(kSeleccion), (Celdas{"0", "1", "1"}));
+}
+
+/// By itself each of these rows would file another invoice, or an empty message.
+TEST_F(EnvioTest, ARowThatWouldSendSomethingElseIsRefusedByName) {
+  base->Run(R"(
+INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Cod_EDIPlat_Fra, Cod_EDITipoMsg_Fra) VALUES (1, 200, 'Otro', 2, 1);
+UPDATE Facturas SET Cod_Ejercicio = 2023 WHERE Codigo = 2;
+INSERT INTO TPV_Tickets (Cod_Empresa, Cod_Almacen, Caja, Fecha, Codigo, Total) VALUES (1, 5, 2, '10/02/2024', 77, 12.3);
+INSERT INTO TPV_Tickets_Factura (Cod_Empresa, Cod_Almacen, Caja, Fecha, Codigo, Cliente, Factura_Serie, Factura_Codigo, Factura_Almacen, Factura_TipoDoc, Factura_Fecha, Hora)
+  VALUES (1, 5, 2, '10/02/2024', 77, 100, 9, 9077, 5, 0, '11/02/2024', '11/02/2024');
+)");
+  InsertarFactura(4);
+  const struct {
+    const char *cliente, *factura, *motivo;
+  } casos[] = {
+      {"100", "2",
+       "Factura 3/2 de 20/02/2024: su ejercicio, 2023, no es el año de su fecha, 2024."},
+      {"200", "1", "Factura 3/1 de 20/02/2024: es del cliente 100 y no del cliente indicado, 200."},
+      {"100", "9077",
+       "Factura 9/9077 de 11/02/2024: es una factura de ticket, que no se puede enviar como "
+       "INVOIC."}};
+  for (const auto& [cliente, factura, motivo] : casos) {
+    Elegir("100");
+    Listar();
+    Elegir(cliente);
+    const Celdas facturas = Columna(kFactura);
+    const auto fila = std::find(facturas.begin(), facturas.end(), factura) - facturas.begin() + 1;
+    Lista().Click(static_cast<int>(fila), kSeleccion);
+    Enviar();
+    const auto& avisos = toolkit.Messages();
+    EXPECT_EQ(TextoAviso(avisos[avisos.size() - 2]), "¡ Atención !|" + std::string(motivo) + "|2");
+    EXPECT_EQ(UltimoAviso(),
+              "¡ Atención !|Error al generar la factura INVOIC: " + std::string(factura) + "|1");
+    EXPECT_TRUE(conexion->sentencias.back().starts_with("SELECT edi.")) << "the customer's channel";
+    EXPECT_TRUE(Lista().IsSet(static_cast<int>(fila), kSeleccion));
+  }
+  EXPECT_TRUE(Ficheros("").empty());
 }
 
 TEST_F(EnvioTest, ACodeBeyondSixteenBitsIsNeverAnotherCustomer) {

@@ -165,11 +165,48 @@ TEST_F(ListaTest, ADatabaseErrorKeepsTheListAndHidesTheMessage) {
   EXPECT_FALSE(toolkit.OpenForm("frmMsg")->Visible());
 }
 
-TEST_F(ListaTest, NullsAreEmptyCells) {
+/// A database whose amounts over 999 are beyond anything, and which may be lost while reading them.
+class ImportesAbsurdos : public ConnectionWrapper {
+ public:
+  using ConnectionWrapper::ConnectionWrapper;
+  std::unique_ptr<Recordset> Open(std::string_view sql) override {
+    return std::make_unique<Filas>(perdida, ConnectionWrapper::Open(sql));
+  }
+  bool perdida = false;
+
+ private:
+  class Filas : public RecordsetWrapper {
+   public:
+    Filas(bool perdida, std::unique_ptr<Recordset> real)
+        : RecordsetWrapper(std::move(real)), perdida_(perdida) {}
+
+   protected:
+    Currency ReadCurrency(int field) const override {
+      if (perdida_) throw Error(kErrorDatabase, "prueba", "Conexión perdida");
+      const Currency importe = RecordsetWrapper::ReadCurrency(field);
+      if (importe > Currency::FromInteger(999)) ThrowOverflow();
+      return importe;
+    }
+
+   private:
+    bool perdida_;
+  };
+};
+
+TEST_F(ListaTest, OneAmountThatCannotBeReadDoesNotHideTheOthers) {
   InsertarFactura(1, "Total = NULL");
+  InsertarFactura(2, "Total = 1000");
+  InsertarFactura(3);
   base->Execute("UPDATE Clientes SET Cod_EDIPlat_Fra = NULL");
+  const auto absurda = std::make_shared<ImportesAbsurdos>(base);
+  clase->ConexionKestrova(absurda);
   Listar();
-  EXPECT_EQ(Columna(kImporte), Celdas{""});
+  EXPECT_EQ(Columna(kImporte), (Celdas{"", "no válido", "107,00"}));
+  EXPECT_EQ(UltimoAviso(), "");
+  absurda->perdida = true;
+  Listar();
+  EXPECT_EQ(UltimoAviso(), "frmEnvioFactura:Cargar|Conexión perdida|3");
+  EXPECT_EQ(Columna(kFactura), Celdas{"1"}) << "the rows filled so far stay";
 }
 
 TEST_F(ListaTest, TheScreenIsReusedWhileOpenAndFreshAfterwards) {
