@@ -1,3 +1,6 @@
+#include <unistd.h>
+
+#include <cstdlib>
 #include <map>
 #include <memory>
 #include <string>
@@ -6,6 +9,7 @@
 
 #include "platform/odbc/odbc_connection.h"
 #include "tests/platform/conexion/connection_conformance.h"
+#include "tests/platform/odbc/servidor_tds.h"
 
 namespace kvraedi::conformance {
 namespace {
@@ -75,8 +79,93 @@ Adapter Sqlite() {
                       {"BlobsGoIntoTheFirstRow", "BlobsNeedARowAndAField"})})};
 }
 
+/// A connection and the stand-in server that it needs.
+class ConServidor : public ConnectionWrapper {
+ public:
+  explicit ConServidor(std::unique_ptr<odbc::ServidorTds> servidor)
+      : ConnectionWrapper(std::make_shared<OdbcConnection>(servidor->Cadena())),
+        servidor_(std::move(servidor)) {}
+
+ private:
+  std::unique_ptr<odbc::ServidorTds> servidor_;
+};
+
+/// A connection to a server that was named, in a database of its own, which goes with it.
+class EnBaseNueva : public ConnectionWrapper {
+ public:
+  explicit EnBaseNueva(const char* cadena)
+      : ConnectionWrapper(std::make_shared<OdbcConnection>(cadena)),
+        base_("kvraedi_prueba_" + std::to_string(getpid())) {
+    Target().Execute("CREATE DATABASE " + base_);
+    Target().Execute("USE " + base_);
+  }
+  ~EnBaseNueva() override {
+    try {
+      Target().Execute("USE master");
+      Target().Execute("DROP DATABASE " + base_);
+    } catch (const Error& error) {
+      ADD_FAILURE() << base_ << " stays on the server: " << error.Description();
+    }
+  }
+
+ private:
+  std::string base_;
+};
+
+Adapter FreeTds() {
+  return {"ODBC/FreeTDS",
+          [] { return std::make_unique<ConServidor>(std::make_unique<odbc::ServidorTds>()); },
+          Juntas({Por("the stand-in server runs on SQLite and lacks this of SQL Server",
+                      {"ATextThatIsNoNumberIsNotComparedWithOne",
+                       "AnEmptyBlobEqualsAnEmptyText",
+                       "ColumnsOfOneNameAreToldApart",
+                       "ColumnsTakeWhatFitsThem",
+                       "ConversionsGiveTheTypeAskedFor",
+                       "DatesAreOrderedAndReadAsDates",
+                       "DatesCompareInEveryForm",
+                       "DatesFitTheirColumn",
+                       "ErrorsAreSpanish",
+                       "GroupsFollowTheSameComparison",
+                       "IdentityIsGivenBack",
+                       "ImpossibleDatesAreErrorsOnAnEmptyTable",
+                       "LikeKnowsSpanishLettersWildcardsAndEscapes",
+                       "LongNumbersKeepTheirDigitsEverywhere",
+                       "MoneyIsExactToFourDecimals",
+                       "NumbersFindTextsByValue",
+                       "NumbersStoredInTextsKeepTheirDigits",
+                       "RejectedStatementsChangeNothing",
+                       "RoundTakesHalvesAwayFromZero",
+                       "SettingsAreHonouredOrRefused",
+                       "TemporaryTablesComeAndGo",
+                       "TextsAreJoinedWithPlus",
+                       "TextsAreOrderedAsInSpanish",
+                       "TextsCompareWithoutCaseAndTrailingBlanks",
+                       "TextsStoredInNumbersBecomeNumbers",
+                       "TheErrorNamesTheImpossibleDate",
+                       "TopTakesTheFirstRows",
+                       "WhatACopyDoesNotFitIsRefused"}),
+                  Por("the stand-in server does not change a row through an ordered select",
+                      {"BlobsGoIntoTheFirstRow"}),
+                  Por("the clock of a server is its own", {"TheClockIsThePorts"})})};
+}
+
+const char* const kServidor = std::getenv("KVRAEDI_PRUEBA_ODBC");
+
+std::vector<Adapter> ServidorNombrado() {
+  if (kServidor == nullptr) return {};
+  return {{"ODBC/KVRAEDI_PRUEBA_ODBC", [] { return std::make_unique<EnBaseNueva>(kServidor); },
+           Por("the clock of a server is its own", {"TheClockIsThePorts"})}};
+}
+
+TEST(OdbcConformance, RunsOnTheServerThatIsNamed) {
+  if (kServidor == nullptr) GTEST_SKIP() << "KVRAEDI_PRUEBA_ODBC names no server";
+  EXPECT_EQ(EnBaseNueva(kServidor).Open("SELECT 1 AS Uno")->Get<int>("uno"), 1);
+}
+
 }  // namespace
 
+INSTANTIATE_TEST_SUITE_P(Servidor, ConnectionConformance, testing::ValuesIn(ServidorNombrado()));
+INSTANTIATE_TEST_SUITE_P(FreeTds, ConnectionConformance, testing::Values(FreeTds()));
 INSTANTIATE_TEST_SUITE_P(Sqlite, ConnectionConformance, testing::Values(Sqlite()));
 
 }  // namespace kvraedi::conformance
