@@ -64,7 +64,8 @@ constexpr Opcion kComunes[] = {
 };
 
 constexpr Opcion kDemo[] = {
-    {"--carpeta", "DIR", "Carpeta donde se crea (demo)",
+    {"--carpeta", "DIR",
+     "Carpeta donde se crea (demo); con --conexion odbc:…, sólo la de sus ficheros",
      [](Argumentos& a, const std::string& v) { a.carpeta = NoVacio(v); }},
     {"--facturas", "N", "Número de facturas (400)",
      [](Argumentos& a, const std::string& v) {

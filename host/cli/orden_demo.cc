@@ -2,18 +2,18 @@
 #include <ostream>
 #include <string>
 
+#include "host/cli/conexion_cli.h"
 #include "host/cli/fallo.h"
 #include "host/cli/ordenes.h"
 #include "host/demo/crear_demo.h"
 #include "kvraedi/error.h"
+#include "platform/os/entorno_sistema.h"
 #include "platform/sqlite/sqlite_connection.h"
 
 namespace kvraedi::cli {
 namespace {
 
-void EscribirResumen(const std::filesystem::path& baseDatos, std::int16_t empresa,
-                     std::ostream& salida) {
-  SqliteConnection conexion(baseDatos.string());
+void EscribirResumen(Connection& conexion, std::int16_t empresa, std::ostream& salida) {
   salida << "Clientes de la empresa " << empresa << ", por canal:\n";
   std::string canal = "?";
   for (const auto& cliente : demo::ResumirDemo(conexion, empresa)) {
@@ -40,16 +40,35 @@ demo::Progreso Contar(std::ostream& mensajes) {
   };
 }
 
+/// The demo as a file of the embedded database, or in the server's database that was named.
+void CrearFichero(const demo::OpcionesDemo& opciones, std::int16_t empresa, const Salida& salida) {
+  const auto baseDatos = demo::CrearDemo(opciones, Contar(salida.mensajes));
+  salida.resultado << "Base de datos: " << baseDatos.string() << '\n';
+  SqliteConnection conexion(baseDatos.string());
+  EscribirResumen(conexion, empresa, salida.resultado);
+}
+
+void CrearEnServidor(const Argumentos& argumentos, const demo::OpcionesDemo& opciones,
+                     const Salida& salida) {
+  EntornoSistema entorno(argumentos.entorno);
+  const auto abierta = AbrirConexion(argumentos.conexion, entorno);
+  demo::CrearDemoEn(*abierta.conexion, opciones, Contar(salida.mensajes));
+  salida.resultado << "Base de datos: " << abierta.baseDatos << '\n';
+  EscribirResumen(*abierta.conexion, argumentos.empresa, salida.resultado);
+}
+
 }  // namespace
 
 int EjecutarDemo(const Argumentos& argumentos, const Salida& salida) {
+  const demo::OpcionesDemo opciones{std::filesystem::path(argumentos.carpeta),
+                                    argumentos.numeroFacturas, argumentos.semilla,
+                                    argumentos.sobrescribir};
   try {
-    const auto baseDatos =
-        demo::CrearDemo({std::filesystem::path(argumentos.carpeta), argumentos.numeroFacturas,
-                         argumentos.semilla, argumentos.sobrescribir},
-                        Contar(salida.mensajes));
-    salida.resultado << "Base de datos: " << baseDatos.string() << '\n';
-    EscribirResumen(baseDatos, argumentos.empresa, salida.resultado);
+    if (argumentos.conexion.starts_with("odbc:")) {
+      CrearEnServidor(argumentos, opciones, salida);
+    } else {
+      CrearFichero(opciones, argumentos.empresa, salida);
+    }
   } catch (const Error& error) {
     throw Fallo(kSinFicheros, error.Description());
   }

@@ -12,8 +12,10 @@
 #include "host/demo/ficheros_desadv.h"
 #include "host/demo/ficheros_orders.h"
 #include "host/demo/informes.h"
+#include "host/demo/lotes.h"
 #include "host/demo/maestros.h"
 #include "host/demo/recepcion.h"
+#include "host/demo/tabla.h"
 #include "platform/sqlite/sqlite_connection.h"
 
 namespace kvraedi::demo {
@@ -49,14 +51,28 @@ void Borrar(const fs::path& base) {
   }
 }
 
-void Comprobar(const OpcionesDemo& opciones, const fs::path& base) {
+void ComprobarNumero(const OpcionesDemo& opciones) {
   if (opciones.facturas < 0 || opciones.facturas > kMaximoFacturas) {
     Fallar("El número de facturas debe estar entre 0 y " + std::to_string(kMaximoFacturas) + ".");
   }
+}
+
+void ComprobarFichero(const OpcionesDemo& opciones, const fs::path& base) {
   std::error_code error;
   if (!opciones.sobrescribir && fs::exists(base, error)) {
     Fallar("Ya existe la base de datos " + Utf8(base) + ".");
   }
+}
+
+void ComprobarVacia(Connection& conexion) {
+  const auto rs = conexion.Open("SELECT COUNT(*) AS Tablas FROM INFORMATION_SCHEMA.TABLES");
+  if (rs->Get<std::int64_t>("Tablas") == 0) return;
+  Fallar("La base de datos ya tiene tablas: la demostración sólo se crea en una vacía.");
+}
+
+void CrearCarpetas(const fs::path& carpeta) {
+  for (const char* nombre : {"Envios", "Recepcion", "Rpt"}) CrearCarpeta(carpeta / nombre);
+  CrearInformes(carpeta / "Rpt");
 }
 
 // Stand-ins: the demonstration signer does not open them. Gives back the path of that of series 4,
@@ -118,11 +134,9 @@ std::string Canal(const Recordset& rs) {
 
 fs::path CrearDemo(const OpcionesDemo& opciones, const Progreso& progreso) {
   fs::path base = opciones.carpeta / "kvraedi.db";
-  Comprobar(opciones, base);
-  CrearCarpeta(opciones.carpeta / "Envios");
-  CrearCarpeta(opciones.carpeta / "Recepcion");
-  CrearCarpeta(opciones.carpeta / "Rpt");
-  CrearInformes(opciones.carpeta / "Rpt");
+  ComprobarNumero(opciones);
+  ComprobarFichero(opciones, base);
+  CrearCarpetas(opciones.carpeta);
   fs::path nueva = base;
   nueva += ".nueva";
   Borrar(nueva);
@@ -141,6 +155,21 @@ fs::path CrearDemo(const OpcionesDemo& opciones, const Progreso& progreso) {
   fs::rename(nueva, base, error);
   if (error) Fallar("No se ha podido crear " + Utf8(base) + ": " + error.message());
   return base;
+}
+
+void CrearDemoEn(Connection& conexion, const OpcionesDemo& opciones, const Progreso& progreso) {
+  ComprobarNumero(opciones);
+  ComprobarVacia(conexion);
+  CrearCarpetas(opciones.carpeta);
+  Transaccion transaccion(conexion);
+  for (const auto script : kScriptsSqlServer) EjecutarScript(conexion, script);
+  EnLotes lotes(conexion);
+  Llenar(lotes, opciones, progreso);
+  Tabla parametros(lotes, "Empresas_Parametros", "Cod_Empresa, Nombre, Valor");
+  const std::string carpeta = Utf8(fs::absolute(opciones.carpeta));
+  for (const int empresa : {1, 2}) parametros.Insertar(empresa, "RutaAplicacion", carpeta);
+  lotes.Enviar();
+  transaccion.Confirmar();
 }
 
 std::vector<ResumenCliente> ResumirDemo(Connection& conexion, std::int16_t empresa,

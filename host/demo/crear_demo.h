@@ -28,6 +28,11 @@ using Progreso = std::function<void(std::int32_t hechos, std::int32_t total)>;
 /// one is there already, when the number of invoices is out of range or when the system refuses.
 std::filesystem::path CrearDemo(const OpcionesDemo& opciones, const Progreso& progreso = {});
 
+/// The same in an open database of SQL Server that has no tables; it raises `Error` when it has.
+/// `carpeta` holds the folders and files alone, and the database says where it is. Everything is
+/// made in one transaction.
+void CrearDemoEn(Connection& conexion, const OpcionesDemo& opciones, const Progreso& progreso = {});
+
 /// A customer of the demo and what waits to be sent to it.
 struct ResumenCliente {
   std::string canal;  ///< platform and message, "" without channel

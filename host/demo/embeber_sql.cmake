@@ -1,11 +1,12 @@
 # Writes the scripts into a source file, so that the program needs no file at run time.
 # cmake -DESQUEMA=... -DPEDIDOS=... -DRECEPCION=... -DFUNCIONES=... -DDISPARADORES_SQLITE=...
-#   -DSALIDA=... -P embeber_sql.cmake
+#   -DDISPARADORES_SQLSERVER=... -DSALIDA=... -P embeber_sql.cmake
 file(READ "${ESQUEMA}" esquema)
 file(READ "${PEDIDOS}" pedidos)
 file(READ "${RECEPCION}" recepcion)
 file(READ "${FUNCIONES}" funciones)
 file(READ "${DISPARADORES_SQLITE}" disparadores_sqlite)
+file(READ "${DISPARADORES_SQLSERVER}" disparadores_sqlserver)
 file(WRITE "${SALIDA}" "#include \"host/demo/esquema.h\"
 
 namespace kvraedi::demo {
@@ -15,8 +16,11 @@ const std::string_view kEsquemaPedidos = R\"sql(${pedidos})sql\";
 const std::string_view kEsquemaRecepcion = R\"sql(${recepcion})sql\";
 const std::string_view kFunciones = R\"sql(${funciones})sql\";
 const std::string_view kDisparadoresSqlite = R\"sql(${disparadores_sqlite})sql\";
+const std::string_view kDisparadoresSqlServer = R\"sql(${disparadores_sqlserver})sql\";
 const std::array<std::string_view, 5> kScriptsSqlite = {
     kEsquema, kEsquemaPedidos, kEsquemaRecepcion, kFunciones, kDisparadoresSqlite};
+const std::array<std::string_view, 5> kScriptsSqlServer = {
+    kEsquema, kEsquemaPedidos, kEsquemaRecepcion, kFunciones, kDisparadoresSqlServer};
 
 }  // namespace kvraedi::demo
 ")

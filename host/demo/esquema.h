@@ -13,8 +13,10 @@ extern const std::string_view kEsquemaRecepcion;
 extern const std::string_view kFunciones;
 /// Triggers, in the words of one database.
 extern const std::string_view kDisparadoresSqlite;
+extern const std::string_view kDisparadoresSqlServer;
 
-/// What makes an embedded database, in the order in which it is run.
+/// What makes a database, in the order in which it is run.
 extern const std::array<std::string_view, 5> kScriptsSqlite;
+extern const std::array<std::string_view, 5> kScriptsSqlServer;
 
 }  // namespace kvraedi::demo
