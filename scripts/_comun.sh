@@ -6,11 +6,14 @@ raiz=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 programa=${0##*/}
 
 # Debian packages, by what they are for.
-paquetes_construir=(g++ cmake ninja-build libsqlite3-dev libpugixml-dev qt6-base-dev libcli11-dev libkainjow-mustache-dev fonts-dejavu-core)
-paquetes_probar=(libgtest-dev libxml2-utils locales python3)
+paquetes_construir=(g++ cmake ninja-build libsqlite3-dev unixodbc-dev libpugixml-dev qt6-base-dev libcli11-dev libkainjow-mustache-dev fonts-dejavu-core)
+paquetes_probar=(libgtest-dev libxml2-utils locales odbcinst tdsodbc libsqliteodbc python3)
 paquetes_medir=(libbenchmark-dev python3)
 paquetes_fuzz=(clang libclang-rt-dev)
 paquetes_revisar=(ccache clang-format clang-tidy python3)
+
+# Without these ccache takes no file that uses a precompiled header.
+export CCACHE_SLOPPINESS=pch_defines,time_macros,include_file_mtime,include_file_ctime
 
 decir() { printf '%s\n' "$*"; }
 seccion() { printf '\n== %s ==\n' "$*"; }
