@@ -1,7 +1,6 @@
 #include <map>
 #include <tuple>
 
-#include "platform/suite/empresa_suite.h"
 #include "tests/host/demo/carpeta_demo.h"
 
 namespace kvraedi {
@@ -45,76 +44,6 @@ class ContenidoDemo : public ::testing::Test {
 };
 CarpetaDemo* ContenidoDemo::carpeta = nullptr;
 SqliteConnection* ContenidoDemo::db = nullptr;
-
-TEST_F(ContenidoDemo, EveryKindOfCaseIsThere) {
-  const std::string factura_cliente =
-      "Facturas f INNER JOIN Clientes c ON c.Cod_Empresa = 1 AND c.Codigo = f.Cliente ";
-  const std::string pedido =
-      "Pedidos_Proveedores p INNER JOIN Pedidos_Proveedores_Lineas l"
-      " ON l.Cod_Empresa = p.Cod_Empresa AND l.Codigo = p.Codigo"
-      " INNER JOIN Proveedores s ON s.Cod_Empresa = 1 AND s.Codigo = p.Cod_Proveedor ";
-  const std::string linea_texto = "Facturas_Lineas l WHERE l.Cod_Articulo = -1 ";
-  const std::string misma_factura =
-      " a.Cod_Empresa = f.Cod_Empresa AND a.Cod_Ejercicio = f.Cod_Ejercicio"
-      " AND a.Serie = f.Serie AND a.Codigo = f.Codigo AND a.TipoDoc = f.TipoDoc";
-  const std::string casos[] = {
-      factura_cliente + "WHERE c.Cod_EDIPlat_Fra = 2 AND c.Cod_EDITipoMsg_Fra = 1",
-      factura_cliente +
-          "WHERE c.Cod_EDIPlat_Fra = 2 AND c.Cod_EDITipoMsg_Fra = 2"
-          " AND f.TipoFactura = 2",
-      factura_cliente + "WHERE c.Cod_EDIPlat_Fra = 3 AND c.Cod_EDITipoMsg_Fra = 1",
-      factura_cliente + "WHERE c.Cod_EDIPlat_Fra = 5",
-      factura_cliente +
-          "LEFT JOIN EDI_TipoMsg m ON m.Cod_EDIPlat = c.Cod_EDIPlat_Fra"
-          " AND m.Cod_EDITipoMsg = c.Cod_EDITipoMsg_Fra"
-          " WHERE c.Cod_EDIPlat_Fra > 0 AND m.Nombre IS NULL",
-      factura_cliente + "WHERE c.Cod_EDIPlat_Fra IS NULL",
-      factura_cliente + "WHERE c.Tipo = 1 AND c.Cod_EDIPlat_Fra = 2",
-      factura_cliente + "WHERE c.IntraCom = 1 AND c.Cod_EDIPlat_Fra = 2",
-      factura_cliente + "INNER JOIN Paises p ON p.Cod_Pais = c.Cod_Pais WHERE p.ISOCodigo = 'US'",
-      factura_cliente + "WHERE c.Codigo > 32767 AND c.Cod_EDIPlat_Fra = 2",
-      "Clientes WHERE Nombre LIKE '%O''Donnell%'",
-      "Clientes WHERE Nombre = '\"Ñandú & Cía; S.L.\"'",
-      "Clientes WHERE Cad_Nivel_1 > 0 AND Cad_Nivel_10 > 0",
-      "Facturas WHERE Cod_Empresa = 2",
-      "Facturas WHERE TipoDoc = 1 AND Total < 0",
-      "Facturas WHERE TipoDoc = 2 AND Total > 0",
-      "Facturas WHERE TipoDoc = 2 AND Total < 0",
-      "Facturas WHERE ExcluirEDI = 1",
-      "Facturas WHERE Observ IS NULL",
-      "Facturas WHERE Observ = ''",
-      "Facturas WHERE Observ LIKE '%7. Obs%'",
-      "Facturas WHERE Observ LIKE '%€%'",
-      "Facturas WHERE Dto1 <> 0 AND TDto1 = 0",
-      "Facturas WHERE Dto1 <> 0 AND TDto1 = 1",
-      "Facturas WHERE Dto2 <> 0 AND TDto2 = 0",
-      "Facturas WHERE Dto2 <> 0 AND TDto2 = 1",
-      "Facturas WHERE Dto1 <> 0 AND Dto2 <> 0",
-      "Facturas WHERE Importe_Portes > 0",
-      "Facturas f WHERE f.FormaPago = 0 AND NOT EXISTS (SELECT * FROM Facturas_PrevCobros a WHERE" +
-          misma_factura + ")",
-      "Facturas_PrevCobros WHERE Apunte = 3",
-      "Facturas_Lineas WHERE PDescuento > 0",
-      "Facturas_Lineas WHERE Num_Linea > 10",
-      "Facturas_Lineas WHERE Descripcion LIKE 'Aceite%1 L'",
-      linea_texto + "AND l.Descripcion LIKE '%Seis%'",
-      linea_texto + "AND l.Descripcion LIKE '%€%'",
-      "EDI_Envio_Facturas WHERE Cod_EDIPlat = 0 AND Codigo > 0",
-      "EDI_Envio_Facturas WHERE Cod_EDIPlat IS NULL AND Codigo > 0",
-      "EDI_Envio_Facturas WHERE Cod_EDIPlat = 3 AND Codigo_FT > 0",
-      "Facturas f WHERE (SELECT COUNT(*) FROM EDI_Envio_Facturas a WHERE" + misma_factura + ") = 2",
-      "EDI_Anexos WHERE Codigo > 0 AND Codigo_FT = 0",
-      "EDI_Anexos WHERE Codigo = 0 AND Codigo_FT > 0",
-      "Facturas f WHERE (SELECT COUNT(*) FROM EDI_Anexos a WHERE" + misma_factura + ") = 2",
-      "TPV_Tickets_Factura WHERE ExcluirEDI IS NULL",
-      "TPV_Tickets_Factura WHERE ExcluirEDI = 1",
-      pedido + "WHERE s.Cod_EDIPlat = 4 AND s.Cod_EDITipoMsg = 1 AND p.Fecha_EsperadaFin IS NULL",
-      pedido + "WHERE s.Cod_EDIPlat = 4 AND s.Cod_EDITipoMsg = 2 AND l.Ref IS NULL",
-      pedido + "WHERE s.Cod_EDIPlat = 5 AND l.Cod_Articulo = 9999",
-      "Entradas WHERE Cod_Pedido = 0 AND Documento LIKE 'Ñ-2026-ALBARÁN-_____'",
-  };
-  for (const std::string& caso : casos) EXPECT_GT(Contar(*db, caso), 0) << caso;
-}
 
 TEST_F(ContenidoDemo, EveryReferenceExists) {
   std::vector<std::string> sueltas = {
@@ -173,24 +102,6 @@ TEST_F(ContenidoDemo, TotalsAddUp) {
     EXPECT_EQ(cobros[clave], rs->Get<std::int16_t>("FormaPago") == 0 ? 0 : units("Total"));
   }
   EXPECT_EQ(facturas, 400);
-}
-
-TEST_F(ContenidoDemo, LinesAndTaxesFollowFromTheirRates) {
-  const EmpresaSuite empresa(*db, 1, carpeta->Ruta());
-  const auto impuestos = db->Open("SELECT * FROM Facturas_Impuestos");
-  for (; !impuestos->Eof(); impuestos->MoveNext()) {
-    const auto base = impuestos->Get<Currency>("Base").Units();
-    const auto tipo = empresa.PorcentajeImpuesto(impuestos->Get<std::int16_t>("Tipo")).Units();
-    EXPECT_EQ(impuestos->Get<Currency>("Importe").Units(),
-              Redondo(base * tipo, 100'000'000) / 1'000'000);
-  }
-  const auto lineas = db->Open("SELECT * FROM Facturas_Lineas WHERE Cod_Articulo <> -1");
-  for (; !lineas->Eof(); lineas->MoveNext()) {
-    const auto units = [&](const char* campo) { return lineas->Get<Currency>(campo).Units(); };
-    EXPECT_EQ(units("Unidades") % 10, 0) << "three decimals at most";
-    const std::int64_t producto = units("Unidades") / 10 * units("Precio") * units("PDescuento");
-    EXPECT_EQ(units("Descuento"), Redondo(producto, 1'000'000'000) / 1'000'000'000);
-  }
 }
 
 TEST_F(ContenidoDemo, SummaryNamesPendingCustomersByChannel) {
