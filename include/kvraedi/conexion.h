@@ -103,8 +103,20 @@ class KVRAEDI_API RecordsetWrapper : public Recordset {
 };
 
 /// An open database, in the terms of ADO. The host owns its lifetime; the component never opens,
-/// closes or configures it. Statements are T-SQL text in UTF-8. Failures raise `Error` with the
-/// database's own text. One thread.
+/// closes or configures it. Statements are T-SQL text in UTF-8. Failures raise `Error` with a
+/// Spanish text or the server's own; a statement that fails changes nothing. One thread.
+///
+/// Every adapter promises, and what writes statements may count on it:
+/// - A text is read as a date with the day first: "dd/mm/yyyy[ hh:mm[:ss]]". Written is
+///   "yyyymmdd[ hh:mm:ss]" wherever the writer is free, which no setting reads otherwise;
+///   "yyyy-mm-dd" means another day to a server that reads the day first, and is never written.
+///   The empty text is 01/01/1900; what is no date is an error, also where no row is compared.
+/// - A value that does not fit its column is refused: a text by its length (blanks at its end do
+///   not count), a number by its range, a `smalldatetime` outside 01/01/1900 to 06/06/2079. Numbers
+///   are rounded to the column's scale, halves away from zero, a `smalldatetime` to the minute.
+/// - Texts compare without regard to case and to blanks at their end; an empty binary value equals
+///   ''. A text column that is compared with a bare number must hold nothing but numbers.
+/// - Temporary tables (#name) belong to the connection and live no longer than it.
 class KVRAEDI_API Connection {
  public:
   virtual ~Connection();
@@ -113,14 +125,17 @@ class KVRAEDI_API Connection {
   virtual std::unique_ptr<Recordset> Open(std::string_view sql) = 0;
   /// Runs a statement without rows; gives back the number of rows matched.
   virtual std::int64_t Execute(std::string_view sql) = 0;
-  /// Opens `sql`, a SELECT of one table with `field` among its columns, for update (keyset cursor,
-  /// optimistic locking) and puts the bytes into that binary field of its first row. Raises when
-  /// there is no row or no such field.
+  /// Puts the bytes into the binary `field` of one row: the first that `sql` would show, which is a
+  /// SELECT of columns of one table, `field` among them. Of rows that it does not tell apart, that
+  /// is the one that the database shows first. Raises when there is no row or no such field.
   virtual void UpdateBlob(std::string_view sql, std::string_view field,
                           std::span<const std::byte> bytes) = 0;
 
+  /// Raises inside a transaction: there is one at a time.
   virtual void BeginTrans() = 0;
+  /// Raises when there is no transaction.
   virtual void CommitTrans() = 0;
+  /// The same; but where the database ended the transaction by itself, it succeeds.
   virtual void RollbackTrans() = 0;
 };
 

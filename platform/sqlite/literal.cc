@@ -55,6 +55,17 @@ LiteralValue PlainNumber(std::string_view written) {
   return value;
 }
 
+/// "2024-03-05" is the third of May to a server that reads the day first.
+void CheckDayFirst(std::string_view written) {
+  constexpr std::size_t kBehindYear = 4;
+  const std::size_t dash = written.find('-');
+  if (dash != written.find('\'') + 1 + kBehindYear) return;
+  if (written.find('T') != std::string_view::npos) return;
+  throw Error(kErrorDatabase, "SQLite",
+              "La fecha " + std::string(written) +
+                  " es otra para un servidor que lee primero el día: debe escribirse aaaammdd.");
+}
+
 LiteralValue NumberText(std::string_view written) {
   if (written.front() == '.') return TextValue("0" + std::string(written));
   return ViewOf(WithoutLeadingZeros(written));
@@ -81,6 +92,7 @@ LiteralValue NumberOf(std::string_view text) {
 }
 
 LiteralValue Evaluate(const Literal& literal, const Beside& beside) {
+  if (literal.is_text && beside.type.kind == ColumnKind::kDate) CheckDayFirst(literal.written);
   if (beside.stored != nullptr) {
     const bool number_in_text = !literal.is_text && beside.stored->type.kind == ColumnKind::kText;
     return ValueFor(*beside.stored,

@@ -38,6 +38,8 @@ TEST_F(ExpressionsTest, AreComparedAsTheirColumns) {
   for (const auto& [condition, rows] : cases) {
     EXPECT_EQ(All("SELECT ID FROM T WHERE " + std::string(condition)), rows) << condition;
   }
+  EXPECT_EQ(All("SELECT g.Nombre FROM [Gestión 2026].dbo.T g, otra.[dbo].T o WHERE o.ID = g.ID"),
+            "abc Abd");
   EXPECT_EQ(All("SELECT Nombre FROM T GROUP BY Nombre HAVING MAX(Fecha) = '01/03/2024'"), "abc");
 }
 
@@ -67,6 +69,17 @@ TEST_F(ExpressionsTest, WhatCouldOnlyBeGuessedIsRefused) {
     EXPECT_TRUE(DescriptionOf([&] { db_->Open(sql); }).starts_with("La base de datos integrada"))
         << sql;
   }
+}
+
+TEST_F(ExpressionsTest, DatesThatAServerWouldReadOtherwiseAreRefused) {
+  for (const char* sql :
+       {"UPDATE T SET Fecha = '2024-03-05'", "SELECT ID FROM T WHERE Fecha > N'2024-03-05 10:00'",
+        "INSERT INTO T (Fecha) VALUES ('2024-3-5')",
+        "CREATE TABLE X (F datetime DEFAULT '2024-03-05')"}) {
+    EXPECT_NE(DescriptionOf([&] { db_->Execute(sql); }).find("aaaammdd"), std::string::npos) << sql;
+  }
+  EXPECT_EQ(All("SELECT ID FROM T WHERE Fecha = '2024-03-01T00:00:00' OR Dia = '2024-03-02'"),
+            "1 2");
 }
 
 TEST_F(ExpressionsTest, AValueThatSqliteRefusesIsAnError) {
