@@ -82,6 +82,29 @@ TEST_F(ExpressionsTest, DatesThatAServerWouldReadOtherwiseAreRefused) {
             "1 2");
 }
 
+TEST_F(ExpressionsTest, ErrorsAreSpanish) {
+  db_->Run(
+      "CREATE TABLE C (Codigo int NOT NULL PRIMARY KEY, N varchar(3)); INSERT INTO C VALUES (1, "
+      "'a')");
+  const std::pair<const char*, const char*> cases[] = {
+      {"INSERT INTO C (N) VALUES ('b')", "el valor NULL en la columna 'Codigo', tabla 'C'"},
+      {"INSERT INTO C VALUES (1, 'b')", "clave duplicada en C.Codigo"},
+      {"UPDATE C SET N = 'abcd'", "truncarían en la tabla 'C', columna 'N'. Valor truncado: 'abc'"},
+      {"UPDATE C SET Codigo = 3000000000",
+       "tipo de datos int, valor = 3000000000. Tabla 'C', columna 'Codigo'"},
+      {"INSERT INTO C VALUES (1)", "no corresponden a la definición"},
+      {"DELETE FROM NoEsta", "El nombre de objeto 'NoEsta' no es válido"},
+      {"DELETE FROM C WHERE NoEsta = 1", "El nombre de columna 'NoEsta' no es válido"},
+      {"UPDATE C SET N = N WHERE OR", "Sintaxis incorrecta cerca de 'OR'"},
+      {"CREATE TABLE C (A int)", "Ya hay un objeto"},
+      {"SET DATEFORMAT mdy", "no admite SET DATEFORMAT mdy"},
+      {"DELETE FROM T WHERE Fecha = '31/02/2024'", "'31/02/2024' en fecha no es posible"}};
+  for (const auto& [sql, part] : cases) {
+    const std::string told = DescriptionOf([&, text = sql] { db_->Execute(text); });
+    EXPECT_NE(told.find(part), std::string::npos) << sql << "\n" << told;
+  }
+}
+
 TEST_F(ExpressionsTest, AValueThatSqliteRefusesIsAnError) {
   const std::string update = "UPDATE T SET Nombre = '";
   db_->Execute(update + "corto'");
