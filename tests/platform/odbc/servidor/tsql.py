@@ -190,6 +190,8 @@ class Db:
             s.c.execute(f'create temp trigger tds_fire after {event} on main."{table}" begin {fills} end')
             n = s.c.execute(sql, params).rowcount
             s.c.execute('drop trigger tds_fire')
+            for name in ('inserted', 'deleted'):                             # the trigger of the dates changes each row once more
+                s.c.execute(f'delete from {name} where rowid not in (select max(rowid) from {name} group by ' + ', '.join(f'"{c}"' for c in cols) + ')')
             for body in bodies:
                 for q in split(body): s.run(q, {})
             for name in ('inserted', 'deleted'): s.c.execute(f'drop table {name}')
