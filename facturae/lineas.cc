@@ -1,6 +1,7 @@
 #include "facturae/consultas_documento.h"
 #include "facturae/documento.h"
 #include "facturae/elementos.h"
+#include "frame/fila.h"
 #include "frame/numero.h"
 #include "frame/sesion.h"
 
@@ -9,40 +10,39 @@ namespace {
 
 constexpr std::size_t kAnchoDescripcion = 2500;
 
-/// Places of the line query's fields, looked up once for all lines.
-struct Columnas {
-  explicit Columnas(const Recordset& filas)
-      : descripcion(filas.Field("Descripcion")),
-        unidades(filas.Field("Unidades")),
-        precio(filas.Field("Precio")),
-        costo(filas.Field("CostoTotal")),
-        porcentaje(filas.Field("PDescuento")),
-        descuento(filas.Field("ImporteDescuento")),
-        articulo(filas.Field("Cod_Articulo")),
-        impuesto(filas.Field("ValorImpuesto")),
-        promocion(filas.Field("AplicaPromocion")),
-        tipoVenta(filas.Field("Tipo_Venta")),
-        tipoImpresion(filas.Field("Tipo_Impresion")) {}
-
-  int descripcion, unidades, precio, costo, porcentaje, descuento, articulo, impuesto, promocion,
-      tipoVenta, tipoImpresion;
+enum Columna : std::size_t {
+  kDescripcion,
+  kUnidades,
+  kPrecio,
+  kCosto,
+  kPorcentaje,
+  kDescuento,
+  kArticulo,
+  kImpuesto,
+  kPromocion,
+  kTipoVenta,
+  kTipoImpresion
 };
 
-/// Lines as they are written: the recordset on its current row and what holds for all of them.
+constexpr std::string_view kColumnas[] = {"Descripcion",  "Unidades",      "Precio",
+                                          "CostoTotal",   "PDescuento",    "ImporteDescuento",
+                                          "Cod_Articulo", "ValorImpuesto", "AplicaPromocion",
+                                          "Tipo_Venta",   "Tipo_Impresion"};
+
+/// Lines as they are written: the current row and what holds for all of them.
 struct Lineas {
-  const Recordset& filas;
-  const Columnas& columna;
+  const Fila& fila;
   bool gravada;
 
-  Currency Valor(int campo) const { return filas.Get<Currency>(campo); }
+  Currency Valor(Columna columna) const { return fila.Get<Currency>(columna); }
 };
 
 /// The customer is billed by this one line.
 bool EsResumen(const Lineas& lineas) {
-  const auto vale = [&](int campo, std::int16_t valor) {
-    return !lineas.filas.IsNull(campo) && lineas.filas.Get<std::int16_t>(campo) == valor;
+  const auto vale = [&](Columna columna, std::int16_t valor) {
+    return !lineas.fila.IsNull(columna) && lineas.fila.Get<std::int16_t>(columna) == valor;
   };
-  return vale(lineas.columna.tipoVenta, 1) && vale(lineas.columna.tipoImpresion, 0);
+  return vale(kTipoVenta, 1) && vale(kTipoImpresion, 0);
 }
 
 /// In floating point, as the suite has always computed it: a value whose thousandths end in "5"
@@ -55,10 +55,10 @@ Currency DescuentoDeLinea(Currency unidades, Currency precio, Currency porcentaj
 }
 
 void EscribirDescuento(DocumentoXml& xml, NodoXml linea, const Lineas& lineas) {
-  const Currency porcentaje = lineas.Valor(lineas.columna.porcentaje);
+  const Currency porcentaje = lineas.Valor(kPorcentaje);
   if (porcentaje <= Currency()) return;
-  const Currency importe = DescuentoDeLinea(lineas.Valor(lineas.columna.unidades),
-                                            lineas.Valor(lineas.columna.precio), porcentaje);
+  const Currency importe =
+      DescuentoDeLinea(lineas.Valor(kUnidades), lineas.Valor(kPrecio), porcentaje);
   Anadir(xml, xml.Elemento(xml.Elemento(linea, "DiscountsAndRebates"), "Discount"),
          {{"DiscountReason", "Descuento Linea"},
           {"DiscountRate", Numero(porcentaje, kCuatroDecimales)},
@@ -69,7 +69,7 @@ void EscribirImpuestos(DocumentoXml& xml, NodoXml linea, const Lineas& lineas, C
   std::string tasa(kCero);
   std::string cuota(kCero);
   if (lineas.gravada) {
-    const Currency porcentaje = lineas.Valor(lineas.columna.impuesto);
+    const Currency porcentaje = lineas.Valor(kImpuesto);
     tasa = Numero(porcentaje, kDosDecimales);
     cuota = Numero(Porcentaje(bruto, porcentaje, 2), kDosDecimales);
   }
@@ -82,19 +82,18 @@ void EscribirImpuestos(DocumentoXml& xml, NodoXml linea, const Lineas& lineas, C
 }
 
 void EscribirLinea(DocumentoXml& xml, NodoXml items, const Lineas& lineas) {
-  const auto& [filas, columna, gravada] = lineas;
+  const Fila& fila = lineas.fila;
   const bool resumen = EsResumen(lineas);
-  const Currency precio = lineas.Valor(columna.precio);
-  const Currency unidades = resumen ? Currency::FromInteger(1) : lineas.Valor(columna.unidades);
-  const Currency costo = Redondear(resumen ? precio : lineas.Valor(columna.costo), 2);
-  const Currency descuento =
-      filas.Get<bool>(columna.promocion) ? Currency() : lineas.Valor(columna.descuento);
+  const Currency precio = lineas.Valor(kPrecio);
+  const Currency unidades = resumen ? Currency::FromInteger(1) : lineas.Valor(kUnidades);
+  const Currency costo = Redondear(resumen ? precio : lineas.Valor(kCosto), 2);
+  const Currency descuento = fila.Get<bool>(kPromocion) ? Currency() : lineas.Valor(kDescuento);
   const Currency bruto = Redondear(costo - descuento, 2);
 
   const NodoXml linea = xml.Elemento(items, "InvoiceLine");
   Anadir(xml, linea,
          {{"ItemDescription",
-           PrimerosCaracteres(filas.Get<std::string_view>(columna.descripcion), kAnchoDescripcion)},
+           PrimerosCaracteres(fila.Get<std::string_view>(kDescripcion), kAnchoDescripcion)},
           {"Quantity", Numero(unidades, kSeisDecimales)},
           {"UnitPriceWithoutTax", Numero(precio, kSeisDecimales)},
           {"TotalCost", Numero(costo, kSeisDecimales)}});
@@ -102,7 +101,7 @@ void EscribirLinea(DocumentoXml& xml, NodoXml items, const Lineas& lineas) {
   xml.ElementoTexto(linea, "GrossAmount", Numero(bruto, kSeisDecimales));
   EscribirImpuestos(xml, linea, lineas, bruto);
   xml.ElementoTexto(linea, "ArticleCode",
-                    resumen ? "1" : std::to_string(filas.Get<std::int64_t>(columna.articulo)));
+                    resumen ? "1" : std::to_string(fila.Get<std::int64_t>(kArticulo)));
 }
 
 }  // namespace
@@ -110,9 +109,12 @@ void EscribirLinea(DocumentoXml& xml, NodoXml items, const Lineas& lineas) {
 void CalculaDatosFactura(DocumentoXml& xml, NodoXml items, const ClaveDocumento& clave) {
   const Empresa& empresa = EmpresaActual();
   const auto filas = ConexionActual().Open(ConsultaLineas(clave, empresa));
-  const Columnas columna(*filas);
-  const Lineas lineas{*filas, columna, empresa.AplicaIGIC()};
-  for (; !filas->Eof(); filas->MoveNext()) EscribirLinea(xml, items, lineas);
+  const Fila fila(*filas, kColumnas);
+  const Lineas lineas{fila, empresa.AplicaIGIC()};
+  for (std::int64_t numero = 1; !filas->Eof(); ++numero, filas->MoveNext()) {
+    ConLugar([&] { return "línea " + std::to_string(numero); },
+             [&] { EscribirLinea(xml, items, lineas); });
+  }
 }
 
 }  // namespace kvraedi::facturae

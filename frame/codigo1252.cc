@@ -45,7 +45,7 @@ char32_t TakeCharacter(std::string_view& text) {
   return character;
 }
 
-bool IsBreak(char c) { return c == '\r' || c == '\n' || c == '\t'; }
+bool IsControl(char c) { return (c >= 0 && c < ' ') || c == '\x7F'; }
 
 char ToByte(char32_t character) {
   if (character < 0x80 || (character >= 0xA0 && character <= 0xFF)) {
@@ -67,7 +67,7 @@ Escrito1252 Escribir1252(std::string_view utf8, std::span<char> destino, Saltos 
       utf8.remove_prefix(1);
     } else {
       const char byte = ToByte(TakeCharacter(utf8));
-      destino[used++] = saltos == Saltos::kBlancos && IsBreak(byte) ? ' ' : byte;
+      destino[used++] = saltos == Saltos::kBlancos && IsControl(byte) ? ' ' : byte;
     }
   }
   return {used, true};

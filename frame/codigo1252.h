@@ -13,7 +13,7 @@ struct Escrito1252 {
   bool fits;          ///< false when the text was longer than the room for it
 };
 
-/// What becomes of CR, LF and TAB inside a text.
+/// What becomes of control characters, line ends among them, inside a text.
 enum class Saltos : std::uint8_t { kBlancos, kComoEstan };
 
 /// Writes a UTF-8 text in code page 1252, the code page of every text file of the component, as far

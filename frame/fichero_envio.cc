@@ -1,7 +1,7 @@
 #include "frame/fichero_envio.h"
 
+#include <algorithm>
 #include <exception>
-#include <optional>
 #include <utility>
 
 #include "frame/fichero_provisional.h"
@@ -10,30 +10,38 @@
 
 namespace kvraedi {
 
+namespace {
+
+constexpr const char* kTrabajo = "Temp";
+
+bool EnUso(Entorno& entorno, const std::filesystem::path& raiz, const std::string& nombre) {
+  const auto carpetas = entorno.ListFolders(raiz);
+  return std::any_of(carpetas.begin(), carpetas.end(), [&](const std::string& carpeta) {
+    if (carpeta == kTrabajo) return false;
+    const auto ruta = raiz / RutaDe(carpeta) / RutaDe(nombre);
+    return entorno.FileExists(RutaParcial(ruta)) || entorno.FileExists(ruta);
+  });
+}
+
+}  // namespace
+
 // The object is complete when the other constructor has run: whatever fails then is cleaned up.
-FicheroEnvio::FicheroEnvio(Entorno& entorno, const std::filesystem::path& trabajo,
-                           const std::filesystem::path& destino, const NombrePorSello& nombrar)
+FicheroEnvio::FicheroEnvio(Entorno& entorno, const std::filesystem::path& raiz,
+                           const std::string& carpeta, const NombrePorSello& nombrar)
     : FicheroEnvio(entorno) {
-  std::optional<FechaHora> anterior;
-  for (bool creado = false; !creado;) {
-    const FechaHora sello = entorno.FileStamp();
-    const std::filesystem::path nombre = RutaDe(nombrar(sello));
-    trabajo_ = trabajo / nombre;
-    final_ = destino / nombre;
-    creado = Crear(sello == anterior);
-    anterior = sello;
-  }
+  do {
+    final_ = raiz / RutaDe(carpeta) / RutaDe(nombrar(entorno.FileStamp()));
+  } while (!Crear(raiz));
 }
 
 /// False when the name is in use. The work file comes first and the final one last, in the order in
 /// which another sender's file moves on, so that it cannot slip past.
-bool FicheroEnvio::Crear(bool sustituir) {
-  auto fichero = sustituir ? entorno_.Create(trabajo_) : entorno_.CreateNew(trabajo_);
-  if (!fichero) {
-    trabajo_.clear();
-    return false;
-  }
-  if (!sustituir && (entorno_.FileExists(RutaParcial(final_)) || entorno_.FileExists(final_))) {
+bool FicheroEnvio::Crear(const std::filesystem::path& raiz) {
+  const auto trabajo = raiz / kTrabajo / final_.filename();
+  auto fichero = entorno_.CreateNew(trabajo);
+  if (!fichero) return false;
+  trabajo_ = trabajo;
+  if (EnUso(entorno_, raiz, Nombre())) {
     fichero.reset();
     entorno_.Delete(std::exchange(trabajo_, {}));
     return false;

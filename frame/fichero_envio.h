@@ -19,11 +19,11 @@ class FicheroEnvio {
   /// Makes the file's name from a file stamp.
   using NombrePorSello = std::function<std::string(const FechaHora& sello)>;
 
-  /// Creates the file, empty, in the work folder. Both folders must exist. A name that is in use in
-  /// either, by this program or another, is passed over; only when the clock stands still does the
-  /// new file take the place of the old one.
-  FicheroEnvio(Entorno& entorno, const std::filesystem::path& trabajo,
-               const std::filesystem::path& destino, const NombrePorSello& nombrar);
+  /// Creates the file, empty, in the folder Temp of `raiz`; it goes to the folder `carpeta` beside
+  /// that. Both must exist. A name that is in use in any folder of `raiz`, by this program or
+  /// another, is passed over: who collects the files may put them together.
+  FicheroEnvio(Entorno& entorno, const std::filesystem::path& raiz, const std::string& carpeta,
+               const NombrePorSello& nombrar);
   ~FicheroEnvio();
   FicheroEnvio(const FicheroEnvio&) = delete;
   FicheroEnvio& operator=(const FicheroEnvio&) = delete;
@@ -38,7 +38,7 @@ class FicheroEnvio {
 
  private:
   explicit FicheroEnvio(Entorno& entorno) : entorno_(entorno) {}
-  bool Crear(bool sustituir);
+  bool Crear(const std::filesystem::path& raiz);
   void Retirar(std::filesystem::path& fichero) noexcept;
 
   Entorno& entorno_;

@@ -85,6 +85,17 @@ std::optional<Currency> NumeroRecibido(std::string_view texto) {
   }
 }
 
+bool TieneFormaDeNumero(std::string_view texto) {
+  texto = Recortar(texto);
+  if (texto.starts_with('-') || texto.starts_with('+')) texto.remove_prefix(1);
+  const auto signo = texto.find_first_of(".,");
+  const auto cifras = [](std::string_view parte) {
+    return parte.find_first_not_of("0123456789") == std::string_view::npos;
+  };
+  if (signo == std::string_view::npos) return !texto.empty() && cifras(texto);
+  return texto.size() > 1 && cifras(texto.substr(0, signo)) && cifras(texto.substr(signo + 1));
+}
+
 Currency ReglaDeTres(Currency a, Currency b, Currency divisor) {
   return DesdeUnidades(Dividir(Multiplicar(a.Units(), b.Units()), divisor.Units()));
 }

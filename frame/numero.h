@@ -41,6 +41,10 @@ To Estrechar(From valor) {
 /// blanks around; all blank is 0. Nothing when the text is anything else or does not fit.
 std::optional<Currency> NumeroRecibido(std::string_view texto);
 
+/// Whether it is digits with a sign before them and a point or a comma among them, however large
+/// the number is; a blank text is none.
+bool TieneFormaDeNumero(std::string_view texto);
+
 /// Reads a whole number; raises "No coinciden los tipos" or "Desbordamiento".
 template <class T>
 T Entero(std::string_view texto) {

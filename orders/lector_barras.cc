@@ -88,15 +88,10 @@ std::string LectorBarras::Cifras(std::size_t campo) const {
   constexpr std::ptrdiff_t kMasCifras = 38;
   std::string numero(Recortar(Texto(campo)));
   if (numero.empty()) return "0";
+  if (!TieneFormaDeNumero(numero)) Rechazar(campo, "se esperaba un número");
   std::replace(numero.begin(), numero.end(), ',', '.');
-  const auto esCifra = [](char letra) { return letra >= '0' && letra <= '9'; };
-  const bool signo = numero.front() == '-' || numero.front() == '+';
-  const auto resto = std::string_view(numero).substr(signo ? 1 : 0);
-  const auto cifras = std::count_if(resto.begin(), resto.end(), esCifra);
-  const auto puntos = std::count(resto.begin(), resto.end(), '.');
-  if (cifras == 0 || puntos > 1 || cifras + puntos != static_cast<std::ptrdiff_t>(resto.size())) {
-    Rechazar(campo, "se esperaba un número");
-  }
+  const auto cifras = std::count_if(numero.begin(), numero.end(),
+                                    [](char letra) { return letra >= '0' && letra <= '9'; });
   if (cifras > kMasCifras) {
     Rechazar(campo,
              "se esperaba un número de " + std::to_string(kMasCifras) + " cifras como máximo");

@@ -1,7 +1,5 @@
 #include "reception/frmEditor_Comentarios.h"
 
-#include <utility>
-
 #include "frame/accion.h"
 
 namespace kvraedi {
@@ -24,8 +22,7 @@ std::string SinComillas(std::string_view texto) {
 
 }  // namespace
 
-frmEditor_Comentarios::frmEditor_Comentarios(std::string comentario)
-    : Form("frmEditor_Comentarios", "Observaciones"), comentario_(std::move(comentario)) {
+frmEditor_Comentarios::frmEditor_Comentarios() : Form("frmEditor_Comentarios", "Observaciones") {
   SetWidth(kAncho);
   SetLayout(ui::Column({txtComent, ui::Row({lblTeclas, ui::Space(), cmdAceptar, cmdCancelar})}));
   txtComent.SetUpperCase(true);

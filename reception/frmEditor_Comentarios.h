@@ -1,19 +1,22 @@
 #pragma once
 
 #include <string>
+#include <utility>
 
+#include "kvraedi/sesion.h"
 #include "kvraedi/ui/form.h"
 
 namespace kvraedi {
 
 /// The dialog in which the comment on an invoice is written: show it modally, then ask whether it
 /// was accepted.
-class frmEditor_Comentarios : public ui::Form {
+class frmEditor_Comentarios : public ui::Form, public PropiedadesSesion {
  public:
-  explicit frmEditor_Comentarios(std::string comentario);
+  frmEditor_Comentarios();
 
   bool Aceptado() const { return aceptado_; }
-  /// The accepted text, which holds no "'".
+  /// The text to begin with; once it was accepted, the one that was written, which holds no "'".
+  void Comentario(std::string comentario) { comentario_ = std::move(comentario); }
   const std::string& Comentario() const { return comentario_; }
 
  protected:

@@ -7,6 +7,7 @@
 
 #include "frame/accion.h"
 #include "frame/avisos.h"
+#include "frame/fila.h"
 #include "frame/formato.h"
 #include "frame/intervalo_fechas.h"
 #include "frame/modMsgOp.h"
@@ -37,50 +38,34 @@ constexpr std::array<ui::GridColumn, kColumnasRecibida> kColumnas = {{
     {"", 0, Alignment::kLeft, true},
 }};
 
-/// Where the list's columns stand in its recordset, looked up once for all rows.
-struct Campos {
-  explicit Campos(const Recordset& rs)
-      : documento(rs.Field("Documento")),
-        fecha(rs.Field("Fecha")),
-        proveedor(rs.Field("Cod_Proveedor")),
-        proveedorNombre(rs.Field("Prov_Nombre")),
-        total(rs.Field("Total")),
-        usuario(rs.Field("Cod_Usuario_Visado")),
-        usuarioNombre(rs.Field("nombreUsuarioVisado")),
-        observaciones(rs.Field("Observ")),
-        identificador(rs.Field("IdentificadorMsg")),
-        plataforma(rs.Field("Cod_EDIPlat")),
-        tipoMensaje(rs.Field("Cod_EDITipoMsg")) {}
+/// The fields that the rows of the list show, in the order of its columns.
+constexpr std::string_view kCampos[] = {
+    "Documento",           "Fecha",         "Cod_Proveedor",
+    "Prov_Nombre",         "Total",         "Cod_Usuario_Visado",
+    "nombreUsuarioVisado", "Observ",        "IdentificadorMsg",
+    "Cod_EDIPlat",         "Cod_EDITipoMsg"};
+static_assert(std::size(kCampos) == kColumnasRecibida);
 
-  int documento, fecha, proveedor, proveedorNombre, total, usuario, usuarioNombre, observaciones,
-      identificador, plataforma, tipoMensaje;
-};
-
-void AnadirFila(ui::Grid& grid, const Recordset& rs, const Campos& campo) {
-  const auto texto = [&](int columna) { return rs.GetOrEmpty<std::string_view>(columna); };
+void AnadirFila(ui::Grid& grid, const Fila& factura) {
+  std::array<std::string_view, kColumnasRecibida> celdas;
+  for (std::size_t i = 0; i < celdas.size(); ++i) {
+    if (i == kRecibidaFecha || i == kRecibidaImporte) continue;
+    celdas[i] = factura.GetOrEmpty<std::string_view>(i);
+  }
   const std::string fecha =
-      rs.IsNull(campo.fecha) ? std::string() : FechaTexto(rs.Get<FechaHora>(campo.fecha));
-  const std::string total =
-      rs.IsNull(campo.total) ? std::string() : NumeroTexto(rs.Get<Currency>(campo.total), 2);
-  const bool visada = rs.GetOrEmpty<std::int32_t>(campo.usuario) != 0;
-  const std::array<std::string_view, kColumnasRecibida> celdas = {
-      texto(campo.documento),
-      fecha,
-      texto(campo.proveedor),
-      texto(campo.proveedorNombre),
-      total,
-      visada ? texto(campo.usuario) : std::string_view(),
-      texto(campo.usuarioNombre),
-      texto(campo.observaciones),
-      texto(campo.identificador),
-      texto(campo.plataforma),
-      texto(campo.tipoMensaje)};
+      factura.IsNull(kRecibidaFecha) ? "" : FechaTexto(factura.Get<FechaHora>(kRecibidaFecha));
+  const std::string total = factura.IsNull(kRecibidaImporte)
+                                ? ""
+                                : NumeroTexto(factura.Get<Currency>(kRecibidaImporte), 2);
+  celdas[kRecibidaFecha] = fecha;
+  celdas[kRecibidaImporte] = total;
+  if (factura.GetOrEmpty<std::int32_t>(kRecibidaUsuario) == 0) celdas[kRecibidaUsuario] = {};
   grid.AddRow(celdas);
 }
 
-/// The number that a text begins with, 0 when there is none.
-std::string ValorNumerico(std::string_view texto) {
-  texto = Recortar(texto);
+/// The number that a text begins with, blanks aside; 0 when there is none.
+std::string ValorNumerico(std::string texto) {
+  std::erase(texto, ' ');
   double valor = 0;
   std::from_chars(texto.data(), texto.data() + texto.size(), valor);
   return TextoDe(std::isfinite(valor) ? valor : 0.0);
@@ -144,8 +129,8 @@ void frmRecepcionFactura::Cargar() {
     const auto facturas = ConexionActual().Open(Consulta());
     const ui::RedrawPause pause(vsDocs);
     vsDocs.Reset();
-    const Campos campos(*facturas);
-    for (; !facturas->Eof(); facturas->MoveNext()) AnadirFila(vsDocs, *facturas, campos);
+    const Fila factura(*facturas, kCampos);
+    for (; !facturas->Eof(); facturas->MoveNext()) AnadirFila(vsDocs, factura);
   });
 }
 
@@ -169,8 +154,10 @@ void frmRecepcionFactura::cmdVisado_Click() {
 void frmRecepcionFactura::cmdObservaciones_Click() {
   const int fila = vsDocs.Row();
   if (fila <= 0) return;
-  const auto editor = std::make_shared<frmEditor_Comentarios>(
-      std::string(vsDocs.Cell(fila, kRecibidaObservaciones)));
+  const auto editor = std::make_shared<frmEditor_Comentarios>();
+  editor->EmpresaKestrova(SesionActual().empresa);
+  editor->ConexionKestrova(SesionActual().conexion);
+  editor->Comentario(std::string(vsDocs.Cell(fila, kRecibidaObservaciones)));
   editor->Show(ui::ShowMode::kModal, this);
   if (!editor->Aceptado()) return;
   ConexionActual().Execute(
@@ -201,7 +188,8 @@ void frmRecepcionFactura::Visualizar(int fila) {
       identificador, EnteroOCero<std::int16_t>(vsDocs.Cell(fila, kRecibidaPlataforma)),
       EnteroOCero<std::int16_t>(vsDocs.Cell(fila, kRecibidaTipoMensaje)), *this);
   if (vista) return;
-  Avisar("Error al visualizar la factura: " + ValorNumerico(vsDocs.Cell(fila, kRecibidaDocumento)),
+  Avisar("Error al visualizar la factura: " +
+             ValorNumerico(std::string(vsDocs.Cell(fila, kRecibidaDocumento))),
          "¡ Atención !", ui::Icon::kInformation);
 }
 

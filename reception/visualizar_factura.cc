@@ -13,15 +13,17 @@
 namespace kvraedi {
 namespace {
 
-/// Where the received file stands; nothing when there is no such invoice. The name that the
-/// database gives never leads out of the folder of its fiscal year.
+/// Where the received file stands; nothing when there is no such invoice or no reception folder.
+/// The name that the database gives never leads out of the folder of its fiscal year.
 std::optional<std::filesystem::path> FicheroRecibido(const std::string& identificador) {
   const auto rs = ConexionActual().Open(
       Sql(" SELECT ef.* FROM EDI_Recepcion_Facturas ef WHERE ef.IdentificadorMsg = ",
           SqlTexto{identificador}));
   if (rs->Eof()) return std::nullopt;
+  const auto raiz = ParametroRuta("EDI_PathFichRecibir");
+  if (raiz.empty()) return std::nullopt;
   const auto ejercicio = rs->Get<std::int16_t>("Cod_Ejercicio");
-  return ParametroRuta("EDI_PathFichRecibir") / std::to_string(ejercicio) /
+  return raiz / std::to_string(ejercicio) /
          RutaDe(NombreDeFichero(rs->GetOrEmpty<std::string>("EDIFichero")));
 }
 

@@ -29,7 +29,7 @@ std::string NombreFichero(const FechaHora& sello) {
   return "INVOIC" + FormatearFecha(sello, "yyyymmddhhnnss") + ".txt";
 }
 
-ClaveFactura ClaveDe(const Recordset& factura) {
+ClaveFactura ClaveDe(const Fila& factura) {
   return {factura.Get<std::int16_t>("Cod_Empresa"), factura.Get<std::int16_t>("Cod_Ejercicio"),
           factura.Get<std::int16_t>("Serie"), factura.Get<std::int32_t>("Codigo"),
           factura.Get<std::int16_t>("TipoDoc")};
@@ -57,18 +57,18 @@ void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave) {
   Connection& conexion = ConexionActual();
 
   const auto raiz = RaizEnvios(entorno);
-  const auto carpeta = raiz / std::to_string(clave.ejercicio);
-  const auto temporal = raiz / "Temp";
-  entorno.MakeFolder(carpeta);
-  entorno.MakeFolder(temporal);
+  const std::string carpeta = std::to_string(clave.ejercicio);
+  entorno.MakeFolder(raiz / carpeta);
+  entorno.MakeFolder(raiz / "Temp");
 
   const auto factura =
       conexion.Open(invoic::ConsultaFactura(clave, empresa.EmpresaClientes(), cliente));
-  FicheroEnvio fichero(entorno, temporal, carpeta, NombreFichero);
+  FicheroEnvio fichero(entorno, raiz, carpeta, NombreFichero);
   std::optional<std::string> registro;
   if (!factura->Eof()) {
-    const invoic::Mensaje mensaje{conexion, empresa,           entorno.Region(),
-                                  *factura, ClaveDe(*factura), fichero.Texto()};
+    const Fila fila(*factura);
+    const invoic::Mensaje mensaje{conexion, empresa,       entorno.Region(),
+                                  fila,     ClaveDe(fila), fichero.Texto()};
     const auto identificador = EscribirMensaje(mensaje, entorno);
     if (identificador) registro = InsertarEnvio(mensaje.clave, *identificador, fichero.Nombre());
   }

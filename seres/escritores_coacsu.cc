@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "frame/fila.h"
 #include "frame/formato.h"
 #include "seres/campos_consulta.h"
 #include "seres/registros_coacsu.h"
@@ -45,7 +46,7 @@ struct MedioPago {
 constexpr auto kMediosPago = std::to_array<MedioPago>(
     {{0, 4, "60"}, {5, 5, "20"}, {6, 6, "42"}, {10, 11, "42"}, {20, 20, "42"}, {30, 30, "10"}});
 
-std::optional<std::string_view> CodigoMedioPago(const Recordset& resumen) {
+std::optional<std::string_view> CodigoMedioPago(const Fila& resumen) {
   if (resumen.IsNull("FormaPago")) return std::nullopt;
   const auto forma = resumen.Get<std::int16_t>("FormaPago");
   const auto* const medio =
@@ -57,16 +58,16 @@ std::optional<std::string_view> CodigoMedioPago(const Recordset& resumen) {
 }
 
 template <class Columna>
-std::string Importe(const Recordset& fila, Columna columna, char decimal) {
+std::string Importe(const Fila& fila, Columna columna, char decimal) {
   return FormatearNumero(fila.Get<Currency>(columna), "0.000", decimal);
 }
 
 template <class Columna>
-std::string Dia(const Recordset& fila, Columna columna) {
+std::string Dia(const Fila& fila, Columna columna) {
   return FormatearFecha(fila.Get<FechaHora>(columna), kFecha);
 }
 
-void EscribirScoac(EscritorTexto& fichero, const Recordset& resumen, const FechaHora& hoy) {
+void EscribirScoac(EscritorTexto& fichero, const Fila& resumen, const FechaHora& hoy) {
   Registro registro(kScoac);
   registro.Texto(kScoac["Tag"], "SCOAC");
   registro.Texto(kScoac["Clase"], "49E");
@@ -96,16 +97,16 @@ void EscribirScoat(EscritorTexto& fichero) {
   fichero.Linea(registro.Linea());
 }
 
-void EscribirScoap(EscritorTexto& fichero, const Recordset& resumen) {
+void EscribirScoap(EscritorTexto& fichero, const Fila& resumen) {
   Registro registro(kScoap);
   registro.Texto(kScoap["Tag"], "SCOAP");
   registro.Texto(kScoap["Calificador"], "IV");
   registro.Texto(kScoap["Agencia"], "EAN");
-  CopiarCampos(registro, resumen, kParte);
+  CopiarCampos(registro, resumen.Registros(), kParte);
   fichero.Linea(registro.Linea());
 }
 
-void EscribirScoad(EscritorTexto& fichero, const Recordset& resumen) {
+void EscribirScoad(EscritorTexto& fichero, const Fila& resumen) {
   Registro registro(kScoad);
   registro.Texto(kScoad["Tag"], "SCOAD");
   registro.Texto(kScoad["Clase"], "131");
@@ -124,8 +125,10 @@ class Albaran {
   void Escribir(EscritorTexto& fichero);
 
  private:
-  const Recordset& lineas_;
-  int numero_, fecha_, precio_, pvpBase_;
+  enum Columna : std::size_t { kNumero, kFechaAlbaran, kPrecio, kPvpBase };
+  static constexpr std::string_view kColumnas[] = {"NumDocumento", "Fecha", "Precio", "PvpBase"};
+
+  Fila linea_;
   std::vector<int> entrega_;
   Registro scoal_{kScoal};
   Registro scoaq_{kScoaq};
@@ -133,12 +136,7 @@ class Albaran {
 };
 
 Albaran::Albaran(const Recordset& lineas)
-    : lineas_(lineas),
-      numero_(lineas.Field("NumDocumento")),
-      fecha_(lineas.Field("Fecha")),
-      precio_(lineas.Field("Precio")),
-      pvpBase_(lineas.Field("PvpBase")),
-      entrega_(Columnas(lineas, kEntrega)) {
+    : linea_(lineas, kColumnas), entrega_(Columnas(lineas, kEntrega)) {
   scoal_.Texto(kScoal["Tag"], "SCOAL");
   scoal_.Texto(kScoal["Clase"], "351");
   scoaq_.Texto(kScoaq["Tag"], "SCOAQ");
@@ -150,11 +148,11 @@ Albaran::Albaran(const Recordset& lineas)
 }
 
 void Albaran::Escribir(EscritorTexto& fichero) {
-  scoal_.Numero(kScoal["Albaran"], lineas_.Get<std::string_view>(numero_));
-  scoal_.Texto(kScoal["Fecha"], Dia(lineas_, fecha_));
-  scoal_.Numero(kScoal["Precio"], Importe(lineas_, precio_, ','));
-  scoal_.Numero(kScoal["PvpBase"], Importe(lineas_, pvpBase_, ','));
-  CopiarCampos(scoaq_, lineas_, kEntrega, entrega_);
+  scoal_.Numero(kScoal["Albaran"], linea_.Get<std::string_view>(kNumero));
+  scoal_.Texto(kScoal["Fecha"], Dia(linea_, kFechaAlbaran));
+  scoal_.Numero(kScoal["Precio"], Importe(linea_, kPrecio, ','));
+  scoal_.Numero(kScoal["PvpBase"], Importe(linea_, kPvpBase, ','));
+  CopiarCampos(scoaq_, linea_.Registros(), kEntrega, entrega_);
   for (const Registro* registro : {&scoal_, &scoaq_, &scoaa_}) fichero.Linea(registro->Linea());
 }
 
@@ -168,7 +166,8 @@ void EscribirRectl(EscritorTexto& fichero, const FechaHora& momento) {
   fichero.Linea(registro.Linea());
 }
 
-void EscribirCabecera(EscritorTexto& fichero, const Recordset& resumen, const FechaHora& hoy) {
+void EscribirCabecera(EscritorTexto& fichero, const Recordset& fila, const FechaHora& hoy) {
+  const Fila resumen(fila);
   EscribirScoac(fichero, resumen, hoy);
   EscribirScoat(fichero);
   EscribirScoap(fichero, resumen);
@@ -176,7 +175,11 @@ void EscribirCabecera(EscritorTexto& fichero, const Recordset& resumen, const Fe
 }
 
 void EscribirAlbaranes(EscritorTexto& fichero, Recordset& lineas) {
-  for (Albaran albaran(lineas); !lineas.Eof(); lineas.MoveNext()) albaran.Escribir(fichero);
+  Albaran albaran(lineas);
+  for (std::int64_t numero = 1; !lineas.Eof(); ++numero, lineas.MoveNext()) {
+    ConLugar([&] { return "albarán " + std::to_string(numero); },
+             [&] { albaran.Escribir(fichero); });
+  }
 }
 
 }  // namespace kvraedi::coacsu

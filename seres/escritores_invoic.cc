@@ -59,7 +59,7 @@ Registro Parte(const Mensaje& mensaje, std::span<const CampoConsulta> columnas) 
   Registro registro(kSincp);
   registro.Texto(kSincp["Tag"], "SINCP");
   registro.Texto(kSincp["Agencia"], "9");
-  CopiarCampos(registro, mensaje.factura, columnas);
+  CopiarCampos(registro, mensaje.factura.Registros(), columnas);
   return registro;
 }
 
@@ -90,13 +90,15 @@ void EscribirRectl(const Mensaje& mensaje, const std::string& identificador,
 }
 
 void EscribirSincc(const Mensaje& mensaje, bool enviadaAntes) {
-  const Recordset& factura = mensaje.factura;
+  const Fila& factura = mensaje.factura;
   const auto tipoDoc = factura.Get<std::int16_t>("TipoDoc");
   const bool abono = tipoDoc == 1 || factura.GetOrEmpty<Currency>("ImporteB") < Currency();
   const auto importe = [&](std::string_view columna) {
     return NumeroMensaje(factura.Get<Currency>(columna), kImporte);
   };
-  const auto base = factura.Get<Currency>("Total") - factura.Get<Currency>("Impuestos");
+  const auto base =
+      ConLugar([] { return std::string("Total - Impuestos"); },
+               [&] { return factura.Get<Currency>("Total") - factura.Get<Currency>("Impuestos"); });
   const auto fecha = factura.Get<FechaHora>("Fecha");
 
   Registro registro(kSincc);
@@ -157,13 +159,14 @@ void EscribirSinct(const Mensaje& mensaje) {
 void EscribirSincv(const Mensaje& mensaje) {
   if (mensaje.factura.GetOrEmpty<std::int32_t>("PrevCobros") == 0) return;
   const auto vencimientos = mensaje.conexion.Open(ConsultaVencimientos(mensaje.clave));
+  const Fila vencimiento(*vencimientos);
   for (int secuencia = 1; !vencimientos->Eof(); ++secuencia, vencimientos->MoveNext()) {
     Registro registro(kSincv);
     registro.Texto(kSincv["Tag"], "SINCV");
     registro.Numero(kSincv["Secuencia"], std::to_string(secuencia));
-    registro.Texto(kSincv["FechaVto"], FechaD8(vencimientos->Get<FechaHora>("Fecha_Vto")));
+    registro.Texto(kSincv["FechaVto"], FechaD8(vencimiento.Get<FechaHora>("Fecha_Vto")));
     registro.Numero(kSincv["Importe"],
-                    NumeroMensaje(vencimientos->Get<Currency>("Importe"), kImporte));
+                    NumeroMensaje(vencimiento.Get<Currency>("Importe"), kImporte));
     mensaje.fichero.Linea(registro.Linea());
   }
 }
@@ -215,16 +218,16 @@ void EscribirSinci(const Mensaje& mensaje) {
     return;
   }
   const auto impuestos = mensaje.conexion.Open(ConsultaImpuestos(mensaje.clave));
+  const Fila impuesto(*impuestos);
   for (int secuencia = 1; !impuestos->Eof(); ++secuencia, impuestos->MoveNext()) {
-    const Currency tasa = mensaje.empresa.PorcentajeImpuesto(impuestos->Get<std::int16_t>("Tipo"));
+    const Currency tasa = mensaje.empresa.PorcentajeImpuesto(impuesto.Get<std::int16_t>("Tipo"));
     Registro registro(kSinci);
     registro.Texto(kSinci["Tag"], "SINCI");
     registro.Numero(kSinci["Secuencia"], std::to_string(secuencia));
     registro.Texto(kSinci["Impuesto"], "IGI");
     registro.Numero(kSinci["Tasa"], NumeroMensaje(tasa, "0.00"));
-    registro.Numero(kSinci["Importe"],
-                    NumeroMensaje(impuestos->Get<Currency>("Importe"), kImporte));
-    registro.Numero(kSinci["Base"], NumeroMensaje(impuestos->Get<Currency>("Base"), kImporte));
+    registro.Numero(kSinci["Importe"], NumeroMensaje(impuesto.Get<Currency>("Importe"), kImporte));
+    registro.Numero(kSinci["Base"], NumeroMensaje(impuesto.Get<Currency>("Base"), kImporte));
     mensaje.fichero.Linea(registro.Linea());
   }
 }

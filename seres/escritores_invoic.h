@@ -3,6 +3,7 @@
 #include <string>
 
 #include "frame/escritor_texto.h"
+#include "frame/fila.h"
 #include "kvraedi/conexion.h"
 #include "kvraedi/empresa.h"
 #include "seres/consultas_invoic.h"
@@ -15,7 +16,7 @@ struct Mensaje {
   Connection& conexion;
   const Empresa& empresa;
   RegionalSettings region;
-  const Recordset& factura;
+  const Fila& factura;
   ClaveFactura clave;
   EscritorTexto& fichero;
 };

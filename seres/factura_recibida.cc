@@ -47,10 +47,9 @@ class RegistroRecibido {
   Currency Numero(const Campo& campo) const {
     const std::string_view texto = Bytes(campo);
     const auto numero = NumeroRecibido(texto);
-    if (!numero) Rechazar(campo, "no es un número: «" + Leer1252(texto) + "»");
-    const std::size_t fin = campo.posicion - 1 + campo.ancho;
-    if (!texto.empty() && linea_.size() + Holgura() < fin) Rechazar(campo, "está cortado");
-    return *numero;
+    if (numero) return *numero;
+    Rechazar(campo, (TieneFormaDeNumero(texto) ? "es demasiado grande: «" : "no es un número: «") +
+                        Leer1252(texto) + "»");
   }
 
   [[noreturn]] void Fallar(const std::string& motivo) const {
@@ -60,8 +59,6 @@ class RegistroRecibido {
   }
 
  private:
-  std::size_t Holgura() const { return tag_ == "SINCL" ? recibida::kHolguraSincl : 0; }
-
   [[noreturn]] void Rechazar(const Campo& campo, const std::string& motivo) const {
     Fallar("el campo " + std::string(campo.nombre) + " " + motivo);
   }
@@ -147,7 +144,6 @@ void LeerSinct(const RegistroRecibido& registro, Lectura& lectura) {
 
 const DescuentoRecibido& LeerDescuento(const RegistroRecibido& registro, Lectura& lectura) {
   DescuentoRecibido& descuento = lectura.descuento;
-  registro.Numero(kDescuento["Numero"]);
   descuento.numero = registro.Texto(kDescuento["Numero"]);
   descuento.cargo = registro.Bytes(kDescuento["Indicador"]) != "A";
   descuento.porcentaje = registro.Numero(kDescuento["Porcentaje"]);
@@ -162,6 +158,7 @@ void LeerSincd(const RegistroRecibido& registro, Lectura& lectura) {
 
 void LeerSince(const RegistroRecibido& registro, Lectura& lectura) {
   if (!lectura.hayLineas) registro.Fallar("es un descuento de línea y no hay ninguna línea");
+  registro.Numero(kDescuento["Numero"]);
   lectura.receptor.DescuentoLinea(LeerDescuento(registro, lectura));
 }
 
@@ -187,22 +184,25 @@ void LeerSincu(const RegistroRecibido& registro, Lectura& lectura) {
 
 void Pasar(const RegistroRecibido& /*registro*/, Lectura& /*lectura*/) {}
 
+constexpr std::size_t Fin(const Campo& campo) { return campo.posicion - 1 + campo.ancho; }
+
 struct ClaseRegistro {
   std::string_view tag;
-  std::size_t minimo;  ///< a last line that is shorter and has no end was cut off
+  std::size_t minimo;  ///< a last line that is shorter and has no end was cut off: it ends
+                       ///< before the last field that has to be there
   void (*leer)(const RegistroRecibido& registro, Lectura& lectura);
 };
 
 constexpr ClaseRegistro kClases[] = {
     {"SINCL", recibida::kFinImportesSincl, LeerSincl},
-    {"SINCE", kDescuento.Ancho(), LeerSince},
-    {"SINCU", 82, LeerSincu},
-    {"RECTL", kRectl.Ancho(), LeerRectl},
-    {"SINCC", kSincc.Ancho(), LeerSincc},
-    {"SINCP", kSincp.Ancho(), LeerSincp},
-    {"SINCT", 82, LeerSinct},
+    {"SINCE", Fin(kDescuento["Porcentaje"]), LeerSince},
+    {"SINCU", kTexto["Texto1"].posicion, LeerSincu},
+    {"RECTL", Fin(kRectl["TipoMensaje"]), LeerRectl},
+    {"SINCC", Fin(kSincc["Total"]), LeerSincc},
+    {"SINCP", Fin(kSincp["Calificador"]), LeerSincp},
+    {"SINCT", kTexto["Texto1"].posicion, LeerSinct},
     {"SINCV", 38, Pasar},
-    {"SINCD", kDescuento.Ancho(), LeerSincd},
+    {"SINCD", Fin(kDescuento["Porcentaje"]), LeerSincd},
     {"SINCI", 56, Pasar},
 };
 

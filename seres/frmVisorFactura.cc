@@ -52,9 +52,10 @@ void frmVisorFactura::Disponer() {
       Aligned({Row({lblTituloMensaje, lblMensaje}), Row({lblTituloTipo, lblTipo}),
                Row({lblTituloNumero, lblNumero}), Row({lblTituloFuncion, lblFuncion}),
                Row({lblTituloFecha, lblFecha})});
-  const ui::Layout emisor = Aligned(
-      {Row({lblTituloGLN, lblGLN}), Row({lblTituloNombre, lblNombre}), Row({lblTituloNIF, lblNIF}),
-       Row({lblTituloDireccion, lblDireccion}), Row({lblTituloCiudad, Row({lblCP, lblCiudad})})});
+  const ui::Layout emisor =
+      Aligned({Row({lblTituloGLN, lblGLN}), Row({lblTituloNombre, lblNombre}),
+               Row({lblTituloNIF, lblNIF}), Row({lblTituloDireccion, lblDireccion}),
+               Row({lblTituloCiudad, Row({lblCiudad, lblTituloCP, lblCP})})});
   SetLayout(Column({
       Row({documento, Space(), emisor, Space()}),
       vsLineas,

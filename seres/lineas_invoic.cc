@@ -9,49 +9,59 @@ namespace {
 
 constexpr std::int64_t kLineaDeTexto = -1;
 
-/// Places of the line query's fields, looked up once for all lines.
-struct Columnas {
-  explicit Columnas(const Recordset& lineas)
-      : numero(lineas.Field("Num_Linea")),
-        articulo(lineas.Field("Cod_Articulo")),
-        descripcion(lineas.Field("Descripcion")),
-        unidades(lineas.Field("Unidades")),
-        precio(lineas.Field("Precio")),
-        precioBruto(lineas.Field("PrecioG")),
-        porcentaje(lineas.Field("PDescuento")),
-        descuento(lineas.Field("Descuento")),
-        impuesto(lineas.Field("Impuesto")),
-        bultos(lineas.Field("Bultos")) {}
-
-  int numero, articulo, descripcion, unidades, precio, precioBruto, porcentaje, descuento, impuesto,
-      bultos;
+enum Columna : std::size_t {
+  kNumero,
+  kArticulo,
+  kDescripcion,
+  kUnidades,
+  kPrecio,
+  kPrecioBruto,
+  kPorcentaje,
+  kDescuento,
+  kImpuesto,
+  kBultos
 };
 
-void EscribirSincl(const Mensaje& mensaje, const Recordset& lineas, const Columnas& columna) {
-  const auto unidades = lineas.Get<Currency>(columna.unidades);
-  const auto precio = lineas.Get<Currency>(columna.precio);
+constexpr std::string_view kColumnas[] = {"Num_Linea", "Cod_Articulo", "Descripcion", "Unidades",
+                                          "Precio",    "PrecioG",      "PDescuento",  "Descuento",
+                                          "Impuesto",  "Bultos"};
+
+/// The text of a number as it is stored, with no more decimals than its field has room for.
+std::string_view SinDecimalesDeMas(std::string_view numero, const Campo& campo) {
+  const auto punto = numero.find('.');
+  if (numero.size() <= campo.ancho || punto == std::string_view::npos || punto > campo.ancho) {
+    return numero;
+  }
+  numero = numero.substr(0, campo.ancho);
+  return numero.ends_with('.') ? numero.substr(0, punto) : numero;
+}
+
+void EscribirSincl(const Mensaje& mensaje, const Fila& linea) {
+  const auto unidades = linea.Get<Currency>(kUnidades);
+  const auto precio = linea.Get<Currency>(kPrecio);
   const auto neto =
-      Redondear(ImporteConDescuento(precio, unidades, lineas.Get<Currency>(columna.porcentaje)), 3);
-  const auto numero = Currency::FromInteger(lineas.Get<std::int32_t>(columna.numero));
+      Redondear(ImporteConDescuento(precio, unidades, linea.Get<Currency>(kPorcentaje)), 3);
+  const auto numero = Currency::FromInteger(linea.Get<std::int32_t>(kNumero));
 
   Registro registro(kSincl);
   registro.Texto(kSincl["Tag"], "SINCL");
   registro.Numero(kSincl["Linea"], NumeroMensaje(numero, "000000"));
-  registro.Numero(kSincl["Articulo"], std::to_string(lineas.Get<std::int64_t>(columna.articulo)));
-  registro.Texto(kSincl["Descripcion"], lineas.GetOrEmpty<std::string_view>(columna.descripcion));
+  registro.Numero(kSincl["Articulo"], std::to_string(linea.Get<std::int64_t>(kArticulo)));
+  registro.Texto(kSincl["Descripcion"], linea.GetOrEmpty<std::string_view>(kDescripcion));
   registro.Texto(kSincl["Clase"], "M");
   registro.Numero(kSincl["Unidades"], NumeroMensaje(unidades, "0.000"));
   registro.Numero(kSincl["Neto"], NumeroMensaje(neto, "0.000"));
   registro.Numero(kSincl["Precio"], NumeroMensaje(precio, "0.0000"));
   registro.Numero(kSincl["PrecioBruto"],
-                  NumeroMensaje(lineas.Get<Currency>(columna.precioBruto), "0.0000"));
+                  NumeroMensaje(linea.Get<Currency>(kPrecioBruto), "0.0000"));
   if (mensaje.empresa.AplicaIGIC()) {
-    const auto codigo = lineas.Get<std::int16_t>(columna.impuesto);
+    const auto codigo = linea.Get<std::int16_t>(kImpuesto);
     registro.Texto(kSincl["Impuesto"], "IGI");
     registro.Numero(kSincl["TasaImpuesto"],
                     NumeroMensaje(mensaje.empresa.PorcentajeImpuesto(codigo), "0.00"));
   }
-  registro.Numero(kSincl["Bultos"], lineas.Get<std::string_view>(columna.bultos));
+  registro.Numero(kSincl["Bultos"],
+                  SinDecimalesDeMas(linea.Get<std::string_view>(kBultos), kSincl["Bultos"]));
   mensaje.fichero.Linea(registro.Linea());
 }
 
@@ -65,22 +75,26 @@ void EscribirSince(const Mensaje& mensaje, Currency porcentaje) {
   mensaje.fichero.Linea(registro.Linea());
 }
 
+void EscribirLinea(const Mensaje& mensaje, const Fila& linea) {
+  if (linea.Get<std::int64_t>(kArticulo) == kLineaDeTexto) {
+    EscribirTextoLibre(mensaje.fichero, "SINCU", linea.GetOrEmpty<std::string_view>(kDescripcion));
+    return;
+  }
+  EscribirSincl(mensaje, linea);
+  if (linea.GetOrEmpty<Currency>(kDescuento) > Currency()) {
+    EscribirSince(mensaje, linea.Get<Currency>(kPorcentaje));
+  }
+}
+
 }  // namespace
 
 void EscribirLineas(const Mensaje& mensaje) {
   const auto lineas =
       mensaje.conexion.Open(ConsultaLineas(mensaje.clave, mensaje.empresa.EmpresaClientes()));
-  const Columnas columna(*lineas);
+  const Fila linea(*lineas, kColumnas);
   for (; !lineas->Eof(); lineas->MoveNext()) {
-    if (lineas->Get<std::int64_t>(columna.articulo) == kLineaDeTexto) {
-      EscribirTextoLibre(mensaje.fichero, "SINCU",
-                         lineas->GetOrEmpty<std::string_view>(columna.descripcion));
-      continue;
-    }
-    EscribirSincl(mensaje, *lineas, columna);
-    if (lineas->GetOrEmpty<Currency>(columna.descuento) > Currency()) {
-      EscribirSince(mensaje, lineas->Get<Currency>(columna.porcentaje));
-    }
+    ConLugar([&] { return "línea " + linea.GetOrEmpty<std::string>(kNumero); },
+             [&] { EscribirLinea(mensaje, linea); });
   }
 }
 

@@ -15,8 +15,9 @@ bool INVOIC(std::int16_t cliente, std::int16_t serie, std::int32_t codigo, std::
 /// The file of all COACSU groups, in the drive's root.
 std::filesystem::path FicheroCoacsu();
 
-/// Appends one COACSU group to FicheroCoacsu(): a header, then a message for each summary invoice of the customer in the range of dates, which are texts as
-/// typed. True when all was written; otherwise the error has been shown and what was written stays.
+/// Appends one COACSU group to FicheroCoacsu(): a header, then a message for each summary invoice
+/// of the customer in the range of dates, which are texts as typed. True when all was written;
+/// otherwise the error has been shown and what was written stays.
 bool ProcesarFacturasCoacsu(std::int16_t cliente, const std::string& fechaInicial,
                             const std::string& fechaFinal);
 

@@ -47,8 +47,8 @@ class KVRAEDI_API Entorno {
 
   /// Local date and time, to the second.
   virtual FechaHora Now() = 0;
-  /// Local date and time for a file name. A real clock never gives the same second twice within a
-  /// process: it runs ahead instead. A fixed clock repeats itself.
+  /// Local date and time for a file name, never the same second twice: a clock that has not moved
+  /// on since the last one runs ahead. Of a real clock that holds for the whole process.
   virtual FechaHora FileStamp() = 0;
   /// A new text that no other message carries, 40 characters at most.
   virtual std::string NewMessageId() = 0;
@@ -80,6 +80,8 @@ class KVRAEDI_API Entorno {
   /// regard to case, in order; a snapshot.
   virtual std::vector<std::string> ListFiles(const std::filesystem::path& folder,
                                              std::string_view ending) = 0;
+  /// Names of the folders that stand directly below a folder, in order; a snapshot.
+  virtual std::vector<std::string> ListFolders(const std::filesystem::path& folder) = 0;
   /// A new empty file; null when the name is in use. No two programs get the same one.
   virtual std::unique_ptr<FileWriter> CreateNew(const std::filesystem::path& file) = 0;
   /// The file with what it holds kept, written at its end; made when it is not there.
@@ -137,6 +139,9 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
   std::vector<std::string> ListFiles(const std::filesystem::path& folder,
                                      std::string_view ending) override {
     return target_.ListFiles(folder, ending);
+  }
+  std::vector<std::string> ListFolders(const std::filesystem::path& folder) override {
+    return target_.ListFolders(folder);
   }
   std::unique_ptr<FileWriter> CreateNew(const std::filesystem::path& file) override {
     return target_.CreateNew(file);

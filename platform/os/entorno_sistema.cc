@@ -52,7 +52,8 @@ EntornoSistema::EntornoSistema(OpcionesEntorno opciones)
 FechaHora EntornoSistema::Now() { return opciones_.ahora ? *opciones_.ahora : HoraLocal(); }
 
 FechaHora EntornoSistema::FileStamp() {
-  return opciones_.ahora ? *opciones_.ahora : SelloSinRepetir();
+  if (!opciones_.ahora) return SelloSinRepetir();
+  return opciones_.ahora->PlusSeconds(sellos_++);
 }
 
 std::string EntornoSistema::NewMessageId() { return identificadores_.Nuevo(); }
@@ -126,6 +127,10 @@ std::unique_ptr<FileReader> EntornoSistema::OpenForReading(const std::filesystem
 std::vector<std::string> EntornoSistema::ListFiles(const std::filesystem::path& folder,
                                                    std::string_view ending) {
   return os::ListarFicheros(folder, ending);
+}
+
+std::vector<std::string> EntornoSistema::ListFolders(const std::filesystem::path& folder) {
+  return os::ListarCarpetas(folder);
 }
 
 std::unique_ptr<FileWriter> EntornoSistema::CreateNew(const std::filesystem::path& file) {

@@ -46,6 +46,7 @@ class EntornoSistema : public Entorno {
   std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) override;
   std::vector<std::string> ListFiles(const std::filesystem::path& folder,
                                      std::string_view ending) override;
+  std::vector<std::string> ListFolders(const std::filesystem::path& folder) override;
   std::unique_ptr<FileWriter> CreateNew(const std::filesystem::path& file) override;
   std::unique_ptr<FileWriter> Append(const std::filesystem::path& file) override;
   void Copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
@@ -59,6 +60,7 @@ class EntornoSistema : public Entorno {
  private:
   OpcionesEntorno opciones_;
   GeneradorIdentificadores identificadores_;
+  std::int64_t sellos_ = 0;  // given of a fixed clock
 };
 
 }  // namespace kvraedi

@@ -170,6 +170,20 @@ bool MismoFichero(const struct stat& uno, const fs::path& ruta) {
   return ::stat(ruta.c_str(), &otro) == 0 && uno.st_dev == otro.st_dev && uno.st_ino == otro.st_ino;
 }
 
+/// Names of the entries of a folder that are wanted, in order.
+template <class Querida>
+std::vector<std::string> Listar(const fs::path& carpeta, Querida querida) {
+  std::vector<std::string> nombres;
+  std::error_code fallo;
+  fs::directory_iterator entrada(carpeta, fallo);
+  for (; !fallo && entrada != fs::directory_iterator(); entrada.increment(fallo)) {
+    if (querida(entrada->path())) nombres.push_back(entrada->path().filename().string());
+  }
+  if (fallo) FalloSistema("No se puede leer la carpeta", carpeta, fallo.value());
+  std::sort(nombres.begin(), nombres.end());
+  return nombres;
+}
+
 }  // namespace
 
 bool ExisteCarpeta(const fs::path& ruta) { return S_ISDIR(ModoDe(ruta)); }
@@ -221,18 +235,13 @@ std::unique_ptr<FileReader> AbrirParaLeer(const fs::path& ruta) {
 }
 
 std::vector<std::string> ListarFicheros(const fs::path& carpeta, std::string_view final) {
-  std::vector<std::string> nombres;
-  std::error_code fallo;
-  fs::directory_iterator entrada(carpeta, fallo);
-  for (; !fallo && entrada != fs::directory_iterator(); entrada.increment(fallo)) {
-    std::string nombre = entrada->path().filename().string();
-    if (TerminaEn(nombre, final) && S_ISREG(ModoDe(entrada->path()))) {
-      nombres.push_back(std::move(nombre));
-    }
-  }
-  if (fallo) FalloSistema("No se puede leer la carpeta", carpeta, fallo.value());
-  std::sort(nombres.begin(), nombres.end());
-  return nombres;
+  return Listar(carpeta, [&](const fs::path& entrada) {
+    return TerminaEn(entrada.filename().string(), final) && S_ISREG(ModoDe(entrada));
+  });
+}
+
+std::vector<std::string> ListarCarpetas(const fs::path& carpeta) {
+  return Listar(carpeta, ExisteCarpeta);
 }
 
 std::unique_ptr<FileWriter> AbrirAlFinal(const fs::path& ruta) {

@@ -22,6 +22,7 @@ std::string LeerFichero(const std::filesystem::path& ruta);
 std::unique_ptr<FileReader> AbrirParaLeer(const std::filesystem::path& ruta);
 std::vector<std::string> ListarFicheros(const std::filesystem::path& carpeta,
                                         std::string_view final);
+std::vector<std::string> ListarCarpetas(const std::filesystem::path& carpeta);
 std::unique_ptr<FileWriter> CrearSiNoExiste(const std::filesystem::path& ruta);
 std::unique_ptr<FileWriter> AbrirAlFinal(const std::filesystem::path& ruta);
 void CopiarFichero(const std::filesystem::path& origen, const std::filesystem::path& destino);

@@ -240,7 +240,7 @@ TEST_F(Exportar, FailuresAreListedAndTheOthersGoOn) {
   Pulsar(destino);
   const Celdas avisos = Avisos();
   ASSERT_EQ(avisos.size(), 4U);
-  EXPECT_EQ(avisos[0], "modFactura_E:FACTURA_E|Uso no válido de Null|3");
+  EXPECT_EQ(avisos[0], "modFactura_E:FACTURA_E|columna total: Uso no válido de Null|3");
   EXPECT_EQ(avisos[1], "modFactura_E:FACTURA_E|La factura no está en la base de datos|3");
   EXPECT_EQ(avisos[2], "frmEnvioFactura:cmdExportar_Click|Sin tinta|3");
   EXPECT_EQ(avisos[3], Fallidas("2\r\n4\r\n5\r\n"));

@@ -75,7 +75,7 @@ class FallosTest : public PantallaEnvio {
       EXPECT_EQ(toolkit.OpenForm("frmAnexosFactura"), nullptr);
       const bool dicho = std::any_of(
           toolkit.Messages().begin() + static_cast<std::ptrdiff_t>(avisos),
-          toolkit.Messages().end(), [&](const auto& caja) { return caja.text == aviso; });
+          toolkit.Messages().end(), [&](const auto& caja) { return caja.text.ends_with(aviso); });
       EXPECT_TRUE(dicho || &fallo == &pantalla.fallo);
       if (ui::Form* form = toolkit.OpenForm("frmEnvioFactura")) form->Unload();
     }

@@ -104,17 +104,17 @@ TEST_F(CoacsuTest, FailuresAreToldAndWhatWasWrittenStays) {
   InsertarResumen(7);
   const struct {
     const char* cambio;
-    const char* titulo;
+    const char* columna;
     const char* tags;
   } casos[] = {{"UPDATE Albaranes_F_Lineas SET PvpBase = NULL WHERE Cod_Articulo <> -1",
-                "clsSeres:GenerarMensajeCoacsu", "anter RECTL SCOAC SCOAT SCOAP SCOAD "},
-               {"UPDATE Facturas SET Impuestos = NULL", "clsSeres:GenerarMensajeCoacsu",
-                "anter RECTL SCOAC SCOAT SCOAP SCOAD RECTL "}};
-  for (const auto& [cambio, titulo, tags] : casos) {
+                "albarán 1: columna PvpBase: ", "anter RECTL SCOAC SCOAT SCOAP SCOAD "},
+               {"UPDATE Facturas SET Impuestos = NULL",
+                "columna Impuestos: ", "anter RECTL SCOAC SCOAT SCOAP SCOAD RECTL "}};
+  for (const auto& [cambio, columna, tags] : casos) {
     base->Execute(cambio);
     EXPECT_FALSE(Procesar());
-    EXPECT_EQ(toolkit.Messages().back().title, titulo);
-    EXPECT_EQ(toolkit.Messages().back().text, "Uso no válido de Null");
+    EXPECT_EQ(toolkit.Messages().back().title, "clsSeres:GenerarMensajeCoacsu");
+    EXPECT_EQ(toolkit.Messages().back().text, std::string(columna) + "Uso no válido de Null");
     EXPECT_EQ(Tags(Registros()), tags);
   }
   EXPECT_EQ(toolkit.Messages().size(), 2U);

@@ -9,14 +9,13 @@ namespace {
 
 class InvoicTest : public Escenario {
  protected:
-  static constexpr const char* kNombre = "INVOIC20240301090807.txt";
-
-  /// Sends invoice 2024/3/`codigo` and gives back its records.
+  /// Sends invoice 2024/3/`codigo` and gives back its records; each sending has a file of its own.
   std::vector<std::string> Enviar(int codigo, std::int16_t tipoDoc = 0) {
     EXPECT_TRUE(INVOIC(100, 3, codigo, tipoDoc, 2024)) << Aviso();
     EXPECT_TRUE(Ficheros("Temp").empty());
-    EXPECT_EQ(Ficheros("2024"), std::vector<std::string>{kNombre});
-    return Lineas(Contenido(envios / "2024" / kNombre));
+    const auto ficheros = Ficheros("2024");
+    EXPECT_EQ(ficheros.size(), ++enviados);
+    return Lineas(Contenido(envios / "2024" / ficheros.back()));
   }
   std::string Aviso() const {
     return toolkit.Messages().empty() ? "" : toolkit.Messages().back().text;
@@ -30,6 +29,7 @@ class InvoicTest : public Escenario {
     }
     return elegidas;
   }
+  std::size_t enviados = 0;
   static std::string Tags(const std::vector<std::string>& lineas) {
     std::string tags;
     for (const auto& linea : lineas) tags += linea.substr(0, 5) + " ";
@@ -202,7 +202,7 @@ TEST_F(InvoicTest, ARepeatedSendingIsMarkedAndNotRecordedAgain) {
   EXPECT_EQ(Enviar(1)[1].substr(29, 6), "9     ");
   EXPECT_EQ(Contar("SELECT COUNT(*) FROM EDI_Envio_Facturas WHERE Cod_EDIPlat = 2 AND"
                    " Cod_EDITipoMsg = 1 AND EDIFichero = '" +
-                   std::string(kNombre) + "'"),
+                   Ficheros("2024")[0] + "'"),
             1);
   EXPECT_EQ(Enviar(1)[1].substr(29, 6), "31    ");
   EXPECT_EQ(Contar("SELECT COUNT(*) FROM EDI_Envio_Facturas"), 1);

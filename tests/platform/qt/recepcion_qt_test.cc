@@ -40,7 +40,8 @@ class RecepcionQt : public Escenario {
 };
 
 TEST_F(RecepcionQt, TheCommentIsWrittenWithTheKeyboardAlone) {
-  const auto editor = std::make_shared<frmEditor_Comentarios>("ya estaba");
+  const auto editor = std::make_shared<frmEditor_Comentarios>();
+  editor->Comentario("ya estaba");
   editor->Show();
   auto& campo = Hijo<QPlainTextEdit>("frmEditor_Comentarios", "txtComent");
   const auto texto = [&] { return dynamic_cast<ui::TextArea&>(*editor->Find("txtComent")).Text(); };
@@ -59,7 +60,8 @@ TEST_F(RecepcionQt, TheCommentIsWrittenWithTheKeyboardAlone) {
 }
 
 TEST_F(RecepcionQt, EscapeClosesADialogButNotAScreen) {
-  const auto editor = std::make_shared<frmEditor_Comentarios>("ya estaba");
+  const auto editor = std::make_shared<frmEditor_Comentarios>();
+  editor->Comentario("ya estaba");
   QTimer::singleShot(0, [&] {
     QTest::keyClick(&Hijo<QPlainTextEdit>("frmEditor_Comentarios", "txtComent"), Qt::Key_Escape);
     EXPECT_FALSE(editor->Loaded());
