@@ -39,7 +39,7 @@ class InvoicTest : public Escenario {
 
 TEST_F(InvoicTest, APlainInvoiceFillsEveryRecord) {
   InsertarFactura(1234);
-  base->Execute("UPDATE Facturas_Lineas SET Bultos = 2, PDescuento = 10, Descuento = 10");
+  base->Execute("UPDATE Facturas_Lineas SET Bultos = 12345.6789, PDescuento = 10, Descuento = 10");
   base->Execute(
       "UPDATE Facturas SET Importe_Portes = 1.5, Ent_Nombre = 'Tienda', Ent_Direccion = 'C/ Sol',"
       " Ent_Localidad = 'Getafe', Ent_Provincia = 'Comunidad de Madrid', Ent_Cp = '28901',"
