@@ -83,7 +83,7 @@ TEST_F(InvoicTest, APlainInvoiceFillsEveryRecord) {
   EXPECT_EQ(lineas[8], clienteEsperado("SCO"));
   EXPECT_EQ(lineas[9], Esperado(523,
                                 "1 SINCL|7 000001|13 501|28 Queso|63 M|-154 4.000|-224 90.000|-240 "
-                                "25.0000|-256 30.0000|263 IGI|-274 7.00|-388 2"));
+                                "25.0000|-256 30.0000|263 IGI|-274 7.00|-388 12345.67"));
   EXPECT_EQ(lineas[10], Esperado(149, "1 SINCE|-8 1|9 A|10 1|-21 10.0000"));
   EXPECT_EQ(lineas[11], Esperado(56, "1 SINCI|7 1|9 IGI|-20 7.00|-38 7.000|-56 100.000"));
 }
