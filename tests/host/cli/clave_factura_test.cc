@@ -53,18 +53,6 @@ TEST(ClaveFactura, NamesTheRowThatItMeans) {
   }
 }
 
-TEST(ClaveFactura, TheKeyOfARowNamesThatRow) {
-  const Pantalla pantalla;
-  EXPECT_EQ(ClaveFactura::De(pantalla.lista, 1), "2024/2/4711/380");
-  EXPECT_EQ(ClaveFactura::De(pantalla.lista, 2), "FT:3/1/05/06/2024/88");
-  for (int fila = 1; fila <= 2; ++fila) {
-    const auto clave = ClaveFactura::Leer(ClaveFactura::De(pantalla.lista, fila));
-    ASSERT_TRUE(clave);
-    EXPECT_TRUE(clave->Coincide(pantalla.lista, fila));
-    EXPECT_FALSE(clave->Coincide(pantalla.lista, 3 - fila));
-  }
-}
-
 TEST(ClaveFactura, RefusesOtherForms) {
   for (const char* texto :
        {"", "2024", "2024/2", "2024/2/", "a/2/3", "2024/2/3/4/5", "2024/2/3.5", "2024/2/ 3",

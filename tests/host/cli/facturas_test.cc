@@ -98,21 +98,6 @@ TEST_F(Facturas, FiltersPartTheList) {
   EXPECT_NE(Lista({"--empresa", "2"}).size(), todas.size());
 }
 
-TEST_F(Facturas, AnUnknownCustomerHasAnEmptyListAndAWarning) {
-  const Ejecucion lista = Listar({"--cliente", kDesconocido, "--json"});
-  EXPECT_EQ(lista.codigo, 0);
-  EXPECT_TRUE(LeerJson(lista.resultado).empty());
-  EXPECT_EQ(lista.mensajes, "kvraedi: no hay ningún cliente 987\n");
-}
-
-TEST_F(Facturas, TheRegionDecidesTheDecimalSign) {
-  const auto importe = [&](const char* region) {
-    return Lista({"--region", region}).front().at("importe");
-  };
-  EXPECT_NE(importe("es").find(','), std::string::npos);
-  EXPECT_NE(importe("en").find('.'), std::string::npos);
-}
-
 TEST_F(Facturas, TheLogHoldsEveryStatementAndTheListIsLoadedOnce) {
   const std::string registro = (carpeta / "registro de año.sql").string();
   std::ofstream(registro) << "viejo";
@@ -147,17 +132,6 @@ TEST_F(Facturas, SendsEverythingThatWaits) {
   EXPECT_LE(FicherosEn(Envios()).size(), pendientes.size() + tickets);
   EXPECT_GE(Enviadas() - antes, static_cast<std::int64_t>(pendientes.size()));
   EXPECT_TRUE(Pendientes(kInvoic).empty());
-}
-
-TEST_F(Facturas, SendsTheNamedOnesOnce) {
-  const auto pendientes = Pendientes(kInvoic);
-  ASSERT_GE(pendientes.size(), 2U);
-  const std::string clave = Clave(pendientes[1]);
-  const Ejecucion envio = Enviar(kInvoic, {"--factura", clave, clave});
-  EXPECT_EQ(envio.codigo, 0) << envio.mensajes;
-  EXPECT_NE(envio.resultado.find("Facturas enviadas: 1\n  " + clave), std::string::npos);
-  EXPECT_EQ(FicherosEn(Envios()).size(), 1U);
-  EXPECT_EQ(Pendientes(kInvoic).size(), pendientes.size() - 1);
 }
 
 TEST_F(Facturas, NothingIsSentWhenOneOfTheNamedIsMissingOrExcluded) {
@@ -275,31 +249,6 @@ TEST_F(Facturas, TheConnectionComesFromTheEnvironmentOrAFileAndIsNotShown) {
         << ejecucion.mensajes;
     EXPECT_FALSE(ejecucion.Dice("Oculta")) << ejecucion.mensajes;
   }
-}
-
-TEST_F(Facturas, AFacturaeCustomerGetsSignedDocuments) {
-  const auto firmador = fs::read_symlink("/proc/self/exe").parent_path() / "../EDI/FacturaE";
-  if (!fs::exists(firmador / "FirmadorPortal")) GTEST_SKIP() << "the signer was not built";
-  const Palabras perfil = {"--perfil", carpeta.Ruta().string(), "--todas"};
-  const std::int64_t antes = Enviadas();
-
-  Palabras sinFirmador = perfil;
-  sinFirmador.insert(sinFirmador.end(), {"--componente", carpeta.Ruta().string()});
-  const Ejecucion rechazo = Enviar(kFacturae, sinFirmador);
-  EXPECT_EQ(rechazo.codigo, 1);
-  EXPECT_TRUE(rechazo.Dice("No se puede iniciar el programa")) << rechazo.mensajes;
-  EXPECT_TRUE(rechazo.resultado.starts_with("Facturas enviadas: 0\n")) << rechazo.resultado;
-  EXPECT_EQ(Enviadas(), antes);
-
-  const Ejecucion envio = Enviar(kFacturae, perfil);
-  EXPECT_EQ(envio.codigo, 0) << envio.mensajes;
-  std::istringstream lineas(envio.resultado.substr(envio.resultado.find("Documentos firmados:")));
-  std::string linea;
-  std::getline(lineas, linea);
-  int firmados = 0;
-  for (; std::getline(lineas, linea); ++firmados) EXPECT_TRUE(fs::exists(linea.substr(2))) << linea;
-  EXPECT_GT(firmados, 0);
-  EXPECT_EQ(Enviadas(), antes + firmados);
 }
 
 TEST_F(Facturas, AnExportLeavesItsDocumentsInTheFolder) {

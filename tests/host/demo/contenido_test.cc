@@ -104,29 +104,5 @@ TEST_F(ContenidoDemo, TotalsAddUp) {
   EXPECT_EQ(facturas, 400);
 }
 
-TEST_F(ContenidoDemo, SummaryNamesPendingCustomersByChannel) {
-  const auto resumen = demo::ResumirDemo(*db, 1, 100);
-  std::map<std::string, std::int64_t> canales;
-  int con_invoic = 0;
-  for (const auto& cliente : resumen) {
-    canales[cliente.canal] += cliente.pendientes;
-    con_invoic += cliente.canal == "SERES/INVOIC" && cliente.pendientes > 0 ? 1 : 0;
-    if (cliente.codigo != 40123) continue;
-    EXPECT_EQ(cliente.nombre, "Supermercados del Atlántico S.A.");
-    EXPECT_EQ(cliente.pendientes,
-              Contar(*db,
-                     "Facturas f WHERE f.Cod_Empresa = 1 AND f.Cliente = 40123 AND f.ExcluirEDI = 0"
-                     " AND NOT EXISTS (SELECT * FROM EDI_Envio_Facturas e WHERE e.Cod_Empresa = 1"
-                     " AND e.Cod_Ejercicio = f.Cod_Ejercicio AND e.Serie = f.Serie"
-                     " AND e.Codigo = f.Codigo AND e.TipoDoc = f.TipoDoc AND e.Cod_EDIPlat > 0)"));
-  }
-  EXPECT_GE(con_invoic, 5);
-  for (const char* canal : {"", "SERES/INVOIC", "SERES/COACSU", "FACTURA E/FACTURA", "SERES/9",
-                            "OTRA PLATAFORMA/FACTURA"}) {
-    EXPECT_EQ(canales.count(canal), 1U) << canal;
-  }
-  EXPECT_LT(demo::ResumirDemo(*db, 1, 1).size(), resumen.size());
-}
-
 }  // namespace
 }  // namespace kvraedi

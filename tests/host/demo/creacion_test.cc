@@ -34,51 +34,5 @@ TEST(CrearDemo, SameSeedSameContents) {
   EXPECT_FALSE(first == Leer(carpeta.Crear(120, 8, true)));
 }
 
-TEST(CrearDemo, SizeIsTheNumberOfInvoices) {
-  for (const int facturas : {0, 1, 9, 1001}) {
-    const CarpetaDemo carpeta("medida");
-    SqliteConnection db(carpeta.Crear(facturas).string());
-    EXPECT_EQ(Contar(db, "Facturas"), facturas);
-    EXPECT_EQ(Contar(db, "TPV_Tickets_Factura"), facturas / 10);
-  }
-}
-
-TEST(CrearDemo, RefusesToOverwriteUnlessTold) {
-  const CarpetaDemo carpeta("dos");
-  const std::string before = Leer(carpeta.Crear(10));
-  try {
-    carpeta.Crear(20);
-    FAIL();
-  } catch (const Error& error) {
-    EXPECT_EQ(error.Description(),
-              "Ya existe la base de datos " + (carpeta.Ruta() / "kvraedi.db").string() + ".");
-  }
-  EXPECT_TRUE(Leer(carpeta.Ruta() / "kvraedi.db") == before);
-  SqliteConnection db(carpeta.Crear(20, 1, true).string());
-  EXPECT_EQ(Contar(db, "Facturas"), 20);
-}
-
-TEST(CrearDemo, RefusesNumbersOutOfRangeAndFoldersThatCannotBeMade) {
-  const CarpetaDemo carpeta("fuera");
-  for (const int facturas : {-1, demo::kMaximoFacturas + 1}) {
-    EXPECT_THROW(carpeta.Crear(facturas), Error);
-    EXPECT_FALSE(fs::exists(carpeta.Ruta()));
-  }
-  fs::create_directories(carpeta.Ruta().parent_path());
-  std::ofstream(carpeta.Ruta()) << "no es una carpeta";
-  EXPECT_THROW(carpeta.Crear(1), Error);
-}
-
-TEST(CrearDemo, TellsItsProgressUpToTheEnd) {
-  const CarpetaDemo carpeta("avance");
-  std::int32_t last = 0;
-  demo::CrearDemo({carpeta.Ruta(), 500}, [&](std::int32_t hechos, std::int32_t total) {
-    EXPECT_GT(hechos, last);
-    EXPECT_EQ(total, 550);
-    last = hechos;
-  });
-  EXPECT_EQ(last, 550);
-}
-
 }  // namespace
 }  // namespace kvraedi
