@@ -182,8 +182,9 @@ void Add(sqlite3* db, const char* name, int arguments, Function function) {
 
 int BindColumn(sqlite3_stmt* statement, int index, const Column& column) {
   // SQLite takes a pointer to what may be changed; Keep gives it back as it was.
-  return sqlite3_bind_pointer(statement, index, const_cast<Column*>(&column), kColumnPointer,
-                              nullptr);
+  auto* const pointer =
+      const_cast<Column*>(&column);  // NOLINT(cppcoreguidelines-pro-type-const-cast): see above
+  return sqlite3_bind_pointer(statement, index, pointer, kColumnPointer, nullptr);
 }
 
 void AddFunctions(sqlite3* db, Clock clock) {
