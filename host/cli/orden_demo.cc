@@ -1,10 +1,13 @@
 #include <filesystem>
+#include <memory>
 #include <ostream>
 #include <string>
+#include <utility>
 
 #include "host/cli/conexion_cli.h"
 #include "host/cli/fallo.h"
 #include "host/cli/ordenes.h"
+#include "host/cli/registro_sql.h"
 #include "host/demo/crear_demo.h"
 #include "kvraedi/error.h"
 #include "platform/os/entorno_sistema.h"
@@ -49,9 +52,9 @@ void CrearFichero(const demo::OpcionesDemo& opciones, std::int16_t empresa, cons
 }
 
 void CrearEnServidor(const Argumentos& argumentos, const demo::OpcionesDemo& opciones,
-                     const Salida& salida) {
-  EntornoSistema entorno(argumentos.entorno);
-  const auto abierta = AbrirConexion(argumentos.conexion, entorno);
+                     EntornoSistema& entorno, const Salida& salida) {
+  auto abierta = AbrirConexion(argumentos.conexion, entorno);
+  if (opciones.envolver) abierta.conexion = opciones.envolver(std::move(abierta.conexion));
   demo::CrearDemoEn(*abierta.conexion, opciones, Contar(salida.mensajes));
   salida.resultado << "Base de datos: " << abierta.baseDatos << '\n';
   EscribirResumen(*abierta.conexion, argumentos.empresa, salida.resultado);
@@ -60,15 +63,26 @@ void CrearEnServidor(const Argumentos& argumentos, const demo::OpcionesDemo& opc
 }  // namespace
 
 int EjecutarDemo(const Argumentos& argumentos, const Salida& salida) {
-  const demo::OpcionesDemo opciones{std::filesystem::path(argumentos.carpeta),
-                                    argumentos.numeroFacturas, argumentos.semilla,
-                                    argumentos.sobrescribir};
+  demo::OpcionesDemo opciones{std::filesystem::path(argumentos.carpeta),
+                              argumentos.numeroFacturas,
+                              argumentos.semilla,
+                              argumentos.sobrescribir,
+                              {}};
   try {
+    EntornoSistema entorno(argumentos.entorno);
+    std::shared_ptr<FileWriter> registro;
+    if (argumentos.registroSql) {
+      registro = entorno.Create(*argumentos.registroSql);
+      opciones.envolver = [&registro](std::shared_ptr<Connection> conexion) {
+        return std::make_shared<RegistroSql>(std::move(conexion), registro);
+      };
+    }
     if (argumentos.conexion.starts_with("odbc:")) {
-      CrearEnServidor(argumentos, opciones, salida);
+      CrearEnServidor(argumentos, opciones, entorno, salida);
     } else {
       CrearFichero(opciones, argumentos.empresa, salida);
     }
+    if (registro) registro->Close();
   } catch (const Error& error) {
     throw Fallo(kSinFicheros, error.Description());
   }

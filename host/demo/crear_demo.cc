@@ -2,8 +2,10 @@
 
 #include <algorithm>
 #include <fstream>
+#include <memory>
 #include <optional>
 #include <system_error>
+#include <utility>
 
 #include "host/demo/azar.h"
 #include "host/demo/compras.h"
@@ -144,11 +146,12 @@ fs::path CrearDemo(const OpcionesDemo& opciones, const Progreso& progreso) {
     SqliteOptions sqlite;
     sqlite.create = true;
     sqlite.durability = Durability::kNone;
-    SqliteConnection conexion(Utf8(nueva), sqlite);
-    conexion.BeginTrans();
-    for (const auto script : kScriptsSqlite) conexion.Run(script);
-    Llenar(conexion, opciones, progreso);
-    conexion.CommitTrans();
+    std::shared_ptr<Connection> conexion = std::make_shared<SqliteConnection>(Utf8(nueva), sqlite);
+    if (opciones.envolver) conexion = opciones.envolver(std::move(conexion));
+    conexion->BeginTrans();
+    for (const auto script : kScriptsSqlite) EjecutarScript(*conexion, script);
+    Llenar(*conexion, opciones, progreso);
+    conexion->CommitTrans();
   }
   Borrar(base);
   std::error_code error;

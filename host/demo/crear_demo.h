@@ -3,6 +3,7 @@
 #include <cstdint>
 #include <filesystem>
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -17,6 +18,8 @@ struct OpcionesDemo {
   std::int32_t facturas = 400;  ///< invoices of both companies; ticket invoices are a tenth more
   std::uint64_t semilla = 1;
   bool sobrescribir = false;  ///< replaces a database that is already there
+  /// Stands before the database that is filled, where there is one.
+  std::function<std::shared_ptr<Connection>(std::shared_ptr<Connection>)> envolver;
 };
 
 /// Told from time to time how many documents of how many are made.

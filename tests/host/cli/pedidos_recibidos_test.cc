@@ -60,6 +60,9 @@ TEST_F(PedidosRecibidosCli, ElRegistroTieneTodoLoQueVaALaBase) {
   EXPECT_GE(Veces(registro, "-- BEGIN TRANSACTION"), 2U);
   EXPECT_EQ(Veces(registro, "-- BEGIN TRANSACTION"), Veces(registro, "-- COMMIT"));
   EXPECT_GE(Veces(registro, "FROM Empresas"), 1U) << "the company's own";
+  const Ejecucion demo({"demo", "--carpeta", (carpeta / "otra").string(), "--facturas", "1",
+                        "--registro-sql", fichero.string()});
+  EXPECT_EQ(Veces(Contenido(fichero), "INSERT INTO Facturas "), 1U) << demo.mensajes;
 }
 
 TEST_F(PedidosRecibidosCli, LosPendientesDicenPorQue) {
