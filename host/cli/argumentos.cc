@@ -90,6 +90,10 @@ constexpr Opcion kHasta = {"--hasta", "FECHA", "Última fecha, dd/mm/aaaa (oblig
                            true};
 constexpr Opcion kTodas = {"--todas", "", "Todas las pendientes que no estén excluidas",
                            [](Argumentos& a, const std::string& /*v*/) { a.todas = true; }};
+constexpr Opcion kTipo = {"--tipo", "todos|directa|ticket", "Sólo las de este tipo",
+                          [](Argumentos& a, const std::string& v) {
+                            a.tipo = Eleccion<3>(v, {"todos", "directa", "ticket"});
+                          }};
 constexpr Opcion kFacturas = {
     "--factura",
     "CLAVE ...",
@@ -108,15 +112,12 @@ constexpr Opcion kListar[] = {
      [](Argumentos& a, const std::string& v) {
        a.estado = Eleccion<3>(v, {"todos", "generadas", "pendientes"});
      }},
-    {"--tipo", "todos|directa|ticket", "Sólo las de este tipo",
-     [](Argumentos& a, const std::string& v) {
-       a.tipo = Eleccion<3>(v, {"todos", "directa", "ticket"});
-     }},
+    kTipo,
     {"--json", "", "Da la lista en JSON, con los textos de las 20 columnas",
      [](Argumentos& a, const std::string& /*v*/) { a.json = true; }},
 };
 
-constexpr Opcion kEnviar[] = {kDeCliente, kDesde, kHasta, kTodas, kFacturas};
+constexpr Opcion kEnviar[] = {kDeCliente, kDesde, kHasta, kTodas, kFacturas, kTipo};
 
 constexpr Opcion kExportar[] = {
     kDeCliente,
@@ -124,6 +125,7 @@ constexpr Opcion kExportar[] = {
     kHasta,
     kTodas,
     kFacturas,
+    kTipo,
     {"--carpeta", "DIR", "Carpeta, que ya existe, donde quedan los ficheros (obligatoria)",
      [](Argumentos& a, const std::string& v) { a.exportacion.carpeta = NoVacio(v); }, true},
     {"--revision", "N", "Número de revisión de la primera factura que se exporta (0)",
