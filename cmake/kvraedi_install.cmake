@@ -5,6 +5,8 @@ set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/kvraedi)
 install(TARGETS kvraedi kvraedi_headers EXPORT kvraedi
   LIBRARY DESTINATION ${CMAKE_INSTALL_LIBDIR} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 install(DIRECTORY include/kvraedi DESTINATION ${CMAKE_INSTALL_INCLUDEDIR})
+# What a firm may add to its database.
+install(FILES host/demo/libro_recibidos.sql DESTINATION ${CMAKE_INSTALL_DATADIR}/kvraedi)
 install(EXPORT kvraedi NAMESPACE kvraedi:: FILE kvraedi-targets.cmake
   DESTINATION ${package_folder})
 

@@ -17,4 +17,11 @@ inline std::string TextoRuta(const std::filesystem::path& ruta) {
   return {texto.begin(), texto.end()};
 }
 
+/// Whether a text names a file of a folder; anything else leads elsewhere.
+inline bool EsNombreDeFichero(std::string_view texto) {
+  constexpr std::string_view kSeparadores("/\\\0", 3);
+  return !texto.empty() && texto != "." && texto != ".." &&
+         texto.find_first_of(kSeparadores) == std::string_view::npos;
+}
+
 }  // namespace kvraedi

@@ -15,6 +15,7 @@
 #include "orders/fichero_desadv.h"
 #include "orders/lector_barras.h"
 #include "orders/leer_desadv.h"
+#include "orders/libro_recibidos.h"
 #include "orders/tablas_desadv.h"
 
 namespace kvraedi {
@@ -78,8 +79,12 @@ void Insercion::Procesar() {
   fichero_.ComprobarNombre();
   const desadv::Tablas tablas(entorno_.TickCount());
   tablas.Crear(conexion_);
+  LibroRecibidos libro(conexion_, entorno_, TipoRecibido::kDesadv);
+  if (const auto antes = libro.Buscar(fichero_.EnRx())) {
+    desadv::Fallar("El contenido es el de " + antes->Texto());
+  }
   Leer(tablas);
-  desadv::CrearComprasMini(tablas, raiz_ / "OrmoPCCom.ini", *log_);
+  libro.Anotar(fichero_.Nombre(), desadv::CrearComprasMini(tablas, raiz_ / "OrmoPCCom.ini", *log_));
   Anotar(kInsertar, "Moviendo Fichero a carpeta OK: " + fichero_.Nombre());
   fichero_.CopiarAOk();
   Anotar(kInsertar, "Eliminando Fichero de la carpeta Rx: " + fichero_.Nombre());

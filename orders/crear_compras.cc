@@ -142,7 +142,8 @@ void CrearCompra(const Albaran& albaran, const Tablas& tablas, std::int32_t prov
 
 }  // namespace
 
-void CrearComprasMini(const Tablas& tablas, const std::filesystem::path& ajustes, FicheroLog& log) {
+std::int32_t CrearComprasMini(const Tablas& tablas, const std::filesystem::path& ajustes,
+                              FicheroLog& log) {
   log.Escribir(0, kRutina, "Inicio Creación CompraMini");
   const std::int32_t proveedor = ProveedorCentralizado(ajustes);
   Connection& conexion = ConexionActual();
@@ -154,6 +155,7 @@ void CrearComprasMini(const Tablas& tablas, const std::filesystem::path& ajustes
     ComprobarAlbaran(albaran, log);
     CrearCompra(albaran, tablas, proveedor);
   }
+  return static_cast<std::int32_t>(albaranes.size());
 }
 
 }  // namespace kvraedi::desadv

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 
 #include "kvraedi/fichero_log.h"
@@ -9,7 +10,8 @@ namespace kvraedi::desadv {
 
 /// Makes a purchase out of every staged delivery note, on the session's connection. The settings
 /// file names the supplier. Lines of articles that the company does not have are left out and
-/// logged. Raises `Error`.
-void CrearComprasMini(const Tablas& tablas, const std::filesystem::path& ajustes, FicheroLog& log);
+/// logged. Gives back the number of delivery notes. Raises `Error`.
+std::int32_t CrearComprasMini(const Tablas& tablas, const std::filesystem::path& ajustes,
+                              FicheroLog& log);
 
 }  // namespace kvraedi::desadv

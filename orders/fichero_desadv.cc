@@ -4,19 +4,13 @@
 #include <utility>
 
 #include "frame/formato.h"
+#include "frame/ruta.h"
 #include "orders/error_desadv.h"
 
 namespace kvraedi::desadv {
 namespace {
 
 constexpr std::size_t kAncho = 100;  // of the staging column that keeps the name
-
-/// Of a file in a folder; anything else leads elsewhere.
-bool EsNombre(const std::string& nombre) {
-  constexpr std::string_view kSeparadores("/\\\0", 3);
-  return !nombre.empty() && nombre != "." && nombre != ".." &&
-         nombre.find_first_of(kSeparadores) == std::string::npos;
-}
 
 }  // namespace
 
@@ -25,12 +19,12 @@ Fichero::Fichero(Entorno& entorno, std::filesystem::path raiz, std::string nombr
 
 void Fichero::ComprobarNombre() const {
   const std::string_view inicio = PrimerosCaracteres(nombre_, kAncho);
-  if (EsNombre(nombre_) && inicio.size() == nombre_.size()) return;
+  if (EsNombreDeFichero(nombre_) && inicio.size() == nombre_.size()) return;
   Fallar("El nombre de fichero \"" + std::string(inicio) + "\" no es válido");
 }
 
 std::filesystem::path Fichero::Ruta(const char* carpeta) const {
-  return raiz_ / carpeta / std::u8string(nombre_.begin(), nombre_.end());
+  return raiz_ / carpeta / RutaDe(nombre_);
 }
 
 void Fichero::Copiar(const std::filesystem::path& origen, const char* carpeta) {
@@ -44,7 +38,7 @@ void Fichero::CopiarAOk() {
 }
 
 bool Fichero::Esta() const {
-  return EsNombre(nombre_) && (entorno_.FileExists(EnRx()) || EstaEnOk());
+  return EsNombreDeFichero(nombre_) && (entorno_.FileExists(EnRx()) || EstaEnOk());
 }
 
 void Fichero::CopiarAError() { Copiar(entorno_.FileExists(EnRx()) ? EnRx() : Ruta("OK"), "Error"); }

@@ -90,7 +90,7 @@ class Lectura {
   Lectura(LectorBarras& lector, const std::string& fichero, Connection& conexion, Entorno& entorno)
       : lector_(lector), fichero_(fichero), conexion_(conexion), entorno_(entorno) {}
 
-  void Leer() {
+  std::int32_t Leer() {
     while (lector_.Siguiente()) {
       const std::string_view etiqueta = lector_.Etiqueta();
       if (etiqueta == "ORD") {
@@ -104,6 +104,7 @@ class Lectura {
       }
     }
     TerminarPedido();
+    return pedidos_;
   }
 
  private:
@@ -132,6 +133,7 @@ class Lectura {
   const std::string& fichero_;
   Connection& conexion_;
   Entorno& entorno_;
+  std::int32_t pedidos_ = 0;
   std::string pedido_;  // of the last ORD, "" before the first
   bool tieneEmision_ = false;
   std::set<std::pair<std::string, std::string>> lineas_;  // of it: bar code and number
@@ -160,6 +162,7 @@ void Lectura::NuevoPedido() {
   TerminarPedido();
   ComprobarPedido();
   pedido_ = lector_.Texto(1);
+  ++pedidos_;
   tieneEmision_ = false;
   lineas_.clear();
   if (YaRecibido()) lector_.Rechazar(1, "se esperaba un pedido que no esté ya recibido");
@@ -285,9 +288,9 @@ bool EsInicioOrders(std::string_view linea) {
   return linea == "ORDERS_D_96A_UN_EAN008" || linea == "ORDERS_D_93A_UN_EAN007";
 }
 
-void LeerPedidos(LectorBarras& lector, const std::string& fichero, Connection& conexion,
-                 Entorno& entorno) {
-  Lectura(lector, fichero, conexion, entorno).Leer();
+std::int32_t LeerPedidos(LectorBarras& lector, const std::string& fichero, Connection& conexion,
+                         Entorno& entorno) {
+  return Lectura(lector, fichero, conexion, entorno).Leer();
 }
 
 }  // namespace kvraedi

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <string>
 #include <string_view>
 
@@ -14,8 +15,9 @@ bool EsInicioOrders(std::string_view linea);
 
 /// Copies the records of an ORDERS message into EDI_PedidosClientes and EDI_PedidosClientes_Lineas,
 /// one statement a record, in the transaction that is open. `fichero` is the file's name. Raises
-/// the error of the first record that cannot be taken in; it tells file, line and field.
-void LeerPedidos(LectorBarras& lector, const std::string& fichero, Connection& conexion,
-                 Entorno& entorno);
+/// the error of the first record that cannot be taken in; it tells file, line and field. Gives back
+/// the number of orders.
+std::int32_t LeerPedidos(LectorBarras& lector, const std::string& fichero, Connection& conexion,
+                         Entorno& entorno);
 
 }  // namespace kvraedi

@@ -11,6 +11,7 @@
 #include "frame/transaccion.h"
 #include "orders/bitacora.h"
 #include "orders/leer_pedidos.h"
+#include "orders/libro_recibidos.h"
 
 namespace kvraedi {
 namespace {
@@ -78,6 +79,7 @@ class Proceso {
       : carpeta_(carpeta),
         entorno_(EntornoActual()),
         conexion_(ConexionActual()),
+        libro_(conexion_, entorno_, TipoRecibido::kOrders),
         log_(entorno_, carpeta / "Log" / "ProcesarFicheros.log", kRutina) {}
 
   void Ejecutar() {
@@ -91,7 +93,8 @@ class Proceso {
 
  private:
   void Procesar();
-  void Apartar(const std::string& nombre);
+  void Tomar(const std::string& nombre);
+  void Apartar(const std::string& nombre, const std::string& motivo);
   void Leer(const std::string& nombre);
   std::filesystem::path EnTemp(const std::string& nombre) const {
     return carpeta_ / "Temp" / RutaDe(nombre);
@@ -100,6 +103,7 @@ class Proceso {
   const std::filesystem::path& carpeta_;
   Entorno& entorno_;
   Connection& conexion_;
+  LibroRecibidos libro_;
   Bitacora log_;
 };
 
@@ -108,20 +112,23 @@ void Proceso::Procesar() {
   if (nombres.empty()) return;
   for (const std::string& nombre : nombres) {
     if (!entorno_.FileExists(EnTemp(nombre))) continue;  // somebody else has taken it
-    if (EsOrders(entorno_, EnTemp(nombre))) {
-      Leer(nombre);
-    } else {
-      Apartar(nombre);
-    }
+    Tomar(nombre);
   }
   log_.DescartarAntiguas();
 }
 
-void Proceso::Apartar(const std::string& nombre) {
-  log_.Anotar(
-      "No coincide la línea inicio de fichero con el tipo predefinido, se mueve a la carpeta "
-      "Error: " +
-      nombre);
+void Proceso::Tomar(const std::string& nombre) {
+  if (!EsOrders(entorno_, EnTemp(nombre))) {
+    Apartar(nombre, "No coincide la línea inicio de fichero con el tipo predefinido");
+  } else if (const auto antes = libro_.Buscar(EnTemp(nombre))) {
+    Apartar(nombre, "El contenido es el de " + antes->Texto());
+  } else {
+    Leer(nombre);
+  }
+}
+
+void Proceso::Apartar(const std::string& nombre, const std::string& motivo) {
+  log_.Anotar(motivo + ", se mueve a la carpeta Error: " + nombre);
   entorno_.Copy(EnTemp(nombre), carpeta_ / "Error" / RutaDe(nombre));
   log_.Anotar("Eliminando Fichero de la carpeta Temp: " + nombre);
   entorno_.Delete(EnTemp(nombre));
@@ -132,7 +139,7 @@ void Proceso::Leer(const std::string& nombre) {
   log_.Anotar("Inicio Lectura Fichero: " + nombre);
   {
     LectorBarras lector(nombre, entorno_.OpenForReading(EnTemp(nombre)));
-    LeerPedidos(lector, nombre, conexion_, entorno_);
+    libro_.Anotar(nombre, LeerPedidos(lector, nombre, conexion_, entorno_));
   }
   log_.Anotar("Fin Lectura Fichero: " + nombre);
   log_.Anotar("Moviendo Fichero a carpeta OK: " + nombre);

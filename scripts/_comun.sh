@@ -6,7 +6,7 @@ raiz=$(cd -- "$(dirname -- "${BASH_SOURCE[0]}")/.." && pwd)
 programa=${0##*/}
 
 # Debian packages, by what they are for.
-paquetes_construir=(g++ cmake ninja-build libsqlite3-dev unixodbc-dev libpugixml-dev qt6-base-dev libcli11-dev libkainjow-mustache-dev fonts-dejavu-core)
+paquetes_construir=(g++ cmake ninja-build libsqlite3-dev libssl-dev unixodbc-dev libpugixml-dev qt6-base-dev libcli11-dev libkainjow-mustache-dev fonts-dejavu-core)
 paquetes_probar=(libgtest-dev libxml2-utils locales odbcinst tdsodbc libsqliteodbc python3)
 paquetes_medir=(libbenchmark-dev python3)
 paquetes_fuzz=(clang libclang-rt-dev)

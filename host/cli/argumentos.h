@@ -35,6 +35,7 @@ struct Argumentos {
   int tipo = 0;    ///< index in cboTipo
   bool json = false;
   bool todas = false;
+  bool forzar = false;
   std::vector<ClaveFactura> claves;
 
   std::string fichero;
@@ -76,6 +77,8 @@ std::span<const Opcion> OpcionesPedidosExportar();
 std::span<const Opcion> OpcionesOrdersGenerar();
 std::span<const Opcion> OpcionesRecadvGenerar();
 std::span<const Opcion> OpcionesDesadvInsertar();
+std::span<const Opcion> OpcionesReprocesar();
+std::span<const Opcion> OpcionesApartar();
 std::span<const Opcion> OpcionesRecibidasListar();
 std::span<const Opcion> OpcionesRecibidasUna();
 std::span<const Opcion> OpcionesRecibidasComentar();

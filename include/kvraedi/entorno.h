@@ -38,6 +38,12 @@ class KVRAEDI_API FileReader {
   virtual std::size_t Read(std::span<char> block) = 0;
 };
 
+/// What tells the bytes of a file from others.
+struct FileDigest {
+  std::string sha256;  ///< 64 hexadecimal digits, small letters
+  std::int64_t bytes = 0;
+};
+
 /// The machine around the component: clock, names, settings and files. All access to files goes
 /// through it. Paths are native; operations raise kErrorFile with a Spanish text that names the
 /// path. One thread.
@@ -76,6 +82,8 @@ class KVRAEDI_API Entorno {
   virtual std::string ReadFile(const std::filesystem::path& file) = 0;
   /// An existing file, read block by block.
   virtual std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) = 0;
+  /// SHA-256 and size of an existing file.
+  virtual FileDigest Digest(const std::filesystem::path& file) = 0;
   /// Names, without folder, of the plain files of a folder that end in `ending` (".dat"), without
   /// regard to case, in order; a snapshot.
   virtual std::vector<std::string> ListFiles(const std::filesystem::path& folder,
@@ -136,6 +144,7 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
   std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) override {
     return target_.OpenForReading(file);
   }
+  FileDigest Digest(const std::filesystem::path& file) override { return target_.Digest(file); }
   std::vector<std::string> ListFiles(const std::filesystem::path& folder,
                                      std::string_view ending) override {
     return target_.ListFiles(folder, ending);

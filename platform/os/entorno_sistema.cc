@@ -15,6 +15,7 @@
 #include "platform/os/error_sistema.h"
 #include "platform/os/ficheros.h"
 #include "platform/os/procesos.h"
+#include "platform/os/resumen.h"
 #include "platform/os/visor.h"
 
 namespace kvraedi {
@@ -122,6 +123,10 @@ std::string EntornoSistema::ReadFile(const std::filesystem::path& file) {
 
 std::unique_ptr<FileReader> EntornoSistema::OpenForReading(const std::filesystem::path& file) {
   return os::AbrirParaLeer(file);
+}
+
+FileDigest EntornoSistema::Digest(const std::filesystem::path& file) {
+  return os::Resumir(*OpenForReading(file));
 }
 
 std::vector<std::string> EntornoSistema::ListFiles(const std::filesystem::path& folder,

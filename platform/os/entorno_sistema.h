@@ -44,6 +44,7 @@ class EntornoSistema : public Entorno {
   std::unique_ptr<FileWriter> CreatePrivate(const std::filesystem::path& file) override;
   std::string ReadFile(const std::filesystem::path& file) override;
   std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) override;
+  FileDigest Digest(const std::filesystem::path& file) override;
   std::vector<std::string> ListFiles(const std::filesystem::path& folder,
                                      std::string_view ending) override;
   std::vector<std::string> ListFolders(const std::filesystem::path& folder) override;

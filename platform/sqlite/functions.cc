@@ -169,12 +169,25 @@ void Like(sqlite3_context* context, int count, sqlite3_value** values) {
                                           escape.empty() ? '\0' : escape.front()));
 }
 
+/// The number of a table, null when there is none of that name.
+void ObjectId(sqlite3_context* context, int, sqlite3_value** values) {
+  sqlite3_stmt* query = nullptr;
+  sqlite3_prepare_v2(sqlite3_context_db_handle(context),
+                     "SELECT rowid FROM sqlite_master WHERE name = ?1 COLLATE NOCASE", -1, &query,
+                     nullptr);
+  sqlite3_bind_value(query, 1, values[0]);
+  const int result = sqlite3_step(query);
+  if (result == SQLITE_ROW) sqlite3_result_value(context, sqlite3_column_value(query, 0));
+  sqlite3_finalize(query);
+  if (result != SQLITE_ROW && result != SQLITE_DONE) sqlite3_result_error_code(context, result);
+}
+
 using Function = void (*)(sqlite3_context*, int, sqlite3_value**);
 
-void Add(sqlite3* db, const char* name, int arguments, Function function) {
-  constexpr int kFlags = SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS;
-  const int result = sqlite3_create_function_v2(db, name, arguments, kFlags, nullptr, function,
-                                                nullptr, nullptr, nullptr);
+void Add(sqlite3* db, const char* name, int arguments, Function function,
+         int flags = SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS) {
+  const int result = sqlite3_create_function_v2(db, name, arguments, SQLITE_UTF8 | flags, nullptr,
+                                                function, nullptr, nullptr, nullptr);
   if (result != SQLITE_OK) throw Error(kErrorDatabase, "SQLite", sqlite3_errmsg(db));
 }
 
@@ -191,6 +204,7 @@ void AddFunctions(sqlite3* db, Clock clock) {
   Add(db, "ROUND", 1, Round);
   Add(db, "ROUND", 2, Round);
   Add(db, "LEN", 1, Length);
+  Add(db, "OBJECT_ID", 1, ObjectId, SQLITE_DIRECTONLY);
   Add(db, "LIKE", 2, Like);
   Add(db, "LIKE", 3, Like);
   Add(db, "kvr_fecha", 1, Date);

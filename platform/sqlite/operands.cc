@@ -13,11 +13,11 @@ struct CallKind {
   ColumnKind kind;
 };
 
-constexpr CallKind kCalls[] = {{"ABS", kReal},    {"AVG", kReal},       {"COUNT", kInteger},
-                               {"LEN", kInteger}, {"ROUND", kReal},     {"SUM", kReal},
-                               {"LOWER", kText},  {"LTRIM", kText},     {"REPLACE", kText},
-                               {"RTRIM", kText},  {"TRIM", kText},      {"UPPER", kText},
-                               {"SUBSTR", kText}, {"SUBSTRING", kText}, {"GETDATE", kDate}};
+constexpr CallKind kCalls[] = {
+    {"ABS", kReal},     {"AVG", kReal},       {"COUNT", kInteger}, {"LEN", kInteger},
+    {"ROUND", kReal},   {"SUM", kReal},       {"LOWER", kText},    {"LTRIM", kText},
+    {"REPLACE", kText}, {"RTRIM", kText},     {"TRIM", kText},     {"UPPER", kText},
+    {"SUBSTR", kText},  {"SUBSTRING", kText}, {"GETDATE", kDate},  {"OBJECT_ID", kInteger}};
 
 // Calls that give one of their arguments.
 constexpr std::array<std::string_view, 5> kChoices = {"COALESCE", "ISNULL", "MAX", "MIN", "NULLIF"};

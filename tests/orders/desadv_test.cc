@@ -26,6 +26,7 @@ class Desadv : public Escenario {
   void SetUp() override {
     Escenario::SetUp();
     base->Run(R"(
+DROP TABLE EDI_Ficheros_Recibidos;
 INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 6, 'Norte', '8430000000066');
 INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 7, 'Norte 2', '8430000000066');
 INSERT INTO Articulos VALUES (1, 101, 'Queso');

@@ -96,7 +96,7 @@ TEST_F(InsertarConFallos, LoQueNoSePuedeDevolverSeDice) {
     }
   } sinVuelta(entorno);
   InstalarAdaptadores({.entorno = &sinVuelta, .toolkit = &toolkit, .suite = &suite});
-  conexion->fallo.FallarEn(9);  // the commit
+  conexion->fallo.FallarEn(10);  // the commit
   EXPECT_TRUE(clsOrders().Insertar());
   EXPECT_EQ(Avisos(), "clsOrders:ProcesarFicheros: Conexión perdida\n");
   EXPECT_EQ(Donde("1.dat"), "OK");

@@ -74,6 +74,7 @@ TEST_F(RecepcionPedidos, LasSentenciasSonLasDelFormato) {
   for (const std::string& sentencia : conexion->sentencias) sentencias += sentencia + "\n";
   EXPECT_EQ(
       sentencias,
+      "SELECT OBJECT_ID('EDI_Ficheros_Recibidos') AS Libro\n"
       "SELECT COUNT(*) AS Existe FROM EDI_PedidosClientes WHERE Doc_Num ='4711'\n"
       "INSERT INTO EDI_PedidosClientes (Fichero, Doc_Num, Doc_Tipo, Doc_Funcion, Hora) VALUES "
       "('a''b.dat', '4711', '220', '', '01/03/2024 9:08:07')\n"

@@ -11,12 +11,13 @@ namespace kvraedi {
 inline constexpr std::string_view kInicioPedidos = "ORDERS_D_96A_UN_EAN008\r\n";
 
 /// A host with a reception folder: warehouse 5 (two share the GLN of 6 and 7), customer 100,
-/// articles 501 and 502 with bar codes.
+/// articles 501 and 502 with bar codes. No ledger of received files.
 class RecepcionPedidos : public Escenario {
  protected:
   void SetUp() override {
     Escenario::SetUp();
     base->Run(R"(
+DROP TABLE EDI_Ficheros_Recibidos;
 INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 6, 'Norte', '8430000000066');
 INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 7, 'Norte 2', '8430000000066');
 INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES (1, 201, 'Uno', '8419999999999');

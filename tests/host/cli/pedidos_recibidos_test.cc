@@ -10,8 +10,8 @@ namespace fs = std::filesystem;
 
 class PedidosRecibidosCli : public ConDemo {
  protected:
-  Ejecucion Orders(const std::string& orden) const {
-    return Ejecutar({"orders", orden, "--ahora", "2026-06-02T10:20:30"});
+  Ejecucion Orders(const std::string& orden, const Palabras& mas = {}) const {
+    return Ejecutar({"orders", orden, "--ahora", "2026-06-02T10:20:30"}, mas);
   }
   fs::path Carpeta(const char* nombre) const { return Demo() / "Recepcion" / "ORDERS" / nombre; }
 };
@@ -48,7 +48,10 @@ TEST_F(PedidosRecibidosCli, LosDeLaDemostracionSeTomanYLoMaloSeDice) {
             "Pedidos recibidos sin crear:\n  ninguno\nFicheros sin leer:\n  ninguno\n");
 
   EXPECT_EQ(Veces(dicho, "ya tenía"), 0U);
-  fs::copy(Carpeta("OK") / "super_0601.dat", Carpeta("Temp"));
+  fs::copy(Carpeta("OK") / "super_0601.dat", Carpeta("Temp") / "otra.dat");
+  EXPECT_EQ(Veces(Orders("insertar").resultado, "  Error: otra.dat\n"), 1U);
+  EXPECT_TRUE(Orders("reprocesar", {"otra.dat"}).Dice("con --forzar"));
+  EXPECT_EQ(Orders("reprocesar", {"otra.dat", "--forzar"}).codigo, 0);
   EXPECT_EQ(Veces(Orders("insertar").resultado, "; el cliente ya tenía uno de ese número\n"), 2U);
 }
 
