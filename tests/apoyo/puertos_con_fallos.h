@@ -77,8 +77,8 @@ class ToolkitConFallos : public ui::ToolkitWrapper {
     ToolkitWrapper::Open(form, mode, owner);
   }
   void Close(ui::Form& form) override {
-    fallo.Paso("Pantalla averiada");
     ToolkitWrapper::Close(form);
+    fallo.Paso("Pantalla averiada");
   }
   void Repaint(ui::Form& form) override {
     fallo.Paso("Pantalla averiada");

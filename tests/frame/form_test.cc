@@ -92,6 +92,8 @@ TEST_F(FormTest, AWindowThatFailsLeavesNoFormBehind) {
   toolkit.fallo.FallarEn(1);
   EXPECT_THROW(form->Unload(), Error);
   EXPECT_FALSE(form->Loaded());
+  form = std::make_shared<TestForm>();
+  form->Show();
   toolkit.fallo.FallarEn(1);
   form.reset();
   EXPECT_TRUE(toolkit.fallo.Disparado()) << "a destructor does not raise";

@@ -59,7 +59,8 @@ class KVRAEDI_API Toolkit {
   /// kModal returns when Hide or Close is called for the form. `owner` may be null.
   virtual void Open(Form& form, ShowMode mode, Form* owner) = 0;
   virtual void Hide(Form& form) = 0;
-  /// Takes the window away for good. Does nothing for a form that has none.
+  /// Takes the window away for good. Does nothing for a form that has none. When it returns, also
+  /// with an error, the toolkit knows nothing of the form any more.
   virtual void Close(Form& form) = 0;
   /// Paints the form's window now, before the call returns.
   virtual void Repaint(Form& form) = 0;
