@@ -60,7 +60,8 @@ bool frmEnvioFactura::EnviarInvoic() {
         return INVOIC(cliente, Entero<std::int16_t>(vsDocs.Cell(fila, kSerie)),
                       Entero<std::int32_t>(vsDocs.Cell(fila, kFactura)),
                       Entero<std::int16_t>(vsDocs.Cell(fila, kTipoDoc)),
-                      FechaCelda(vsDocs.Cell(fila, kFecha)).year);
+                      FechaCelda(vsDocs.Cell(fila, kFecha)).year,
+                      vsDocs.Cell(fila, kGenerada).empty());
       },
       "Error al generar la factura INVOIC: ",
       "El/los fichero/s INVOIC se han generado correctamente.");

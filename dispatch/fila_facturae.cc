@@ -46,11 +46,12 @@ void EmpezarFacturaE() {
 
 bool GenerarFacturaE(const ui::Grid& lista, int fila, bool exportar,
                      const std::string& rutaExportacion, std::int16_t revision) {
-  facturae::Estado().claseFactura = lista.Cell(fila, kGenerada).empty() ? "OO" : "OR";
+  const bool pendiente = lista.Cell(fila, kGenerada).empty();
+  facturae::Estado().claseFactura = pendiente ? "OO" : "OR";
   const facturae::ClaveDocumento clave = ClaveDeFila(lista, fila);
   return FACTURA_E(Entero<std::int32_t>(lista.Cell(fila, kCliente)), clave.ejercicio, clave.serie,
                    clave.codigo, clave.tipoDoc, clave.tipo, clave.almacenFT, clave.cajaFT,
-                   clave.fechaFT, clave.codigoFT, exportar, rutaExportacion, revision);
+                   clave.fechaFT, clave.codigoFT, exportar, rutaExportacion, revision, pendiente);
 }
 
 }  // namespace kvraedi

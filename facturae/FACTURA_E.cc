@@ -1,4 +1,5 @@
 #include <filesystem>
+#include <memory>
 #include <string>
 
 #include "facturae/certificado.h"
@@ -12,6 +13,7 @@
 #include "frame/fichero_provisional.h"
 #include "frame/formato.h"
 #include "frame/puertos.h"
+#include "frame/reserva.h"
 #include "frame/ruta.h"
 #include "frame/sesion.h"
 #include "kvraedi/error.h"
@@ -30,6 +32,7 @@ struct Encargo {
   bool exportar;
   fs::path rutaExportacion;
   std::int16_t revision;
+  bool pendiente;
 };
 
 /// Folders of the unsigned and of the signed document.
@@ -48,6 +51,27 @@ Carpetas PrepararCarpetas(const Encargo& encargo) {
   EntornoActual().MakeFolder(carpetas.firmado);
   EntornoActual().MakeFolder(carpetas.sinFirmar);
   return carpetas;
+}
+
+/// The invoice for this terminal alone, while it is sent. Of an invoice that is known as pending, a
+/// signed document may be that of a delivery that failed; only then it is asked for its sending.
+std::unique_ptr<FileHold> ReservarFactura(const Encargo& encargo, const Carpetas& carpetas) {
+  if (encargo.exportar) return nullptr;
+  const auto& clave = encargo.clave;
+  const std::string identificador =
+      facturae::IdentificadorDocumento(EmpresaActual().CodigoEmpresa(), clave);
+  const std::string nombre =
+      clave.EsTicket()
+          ? "La factura del ticket " + std::to_string(clave.codigoFT)
+          : "La factura " + std::to_string(clave.serie) + "/" + std::to_string(clave.codigo);
+  auto reserva = Reservar(EntornoActual(), carpetas.sinFirmar / (identificador + ".enviando"),
+                          nombre + " la está enviando");
+  if (encargo.pendiente &&
+      EntornoActual().FileExists(carpetas.firmado / (identificador + ".xsig")) &&
+      facturae::TieneEnvio(clave)) {
+    ThrowYaEnviada(nombre);
+  }
+  return reserva;
 }
 
 /// The document gets its name when it is whole.
@@ -118,6 +142,7 @@ void AvisarPeticion(const fs::path& peticion) {
 
 bool Generar(const Encargo& encargo) {
   const Carpetas carpetas = PrepararCarpetas(encargo);
+  const auto reserva = ReservarFactura(encargo, carpetas);
   CarpetaAnexos anexos(EntornoActual());
   anexos.Crear();
   const fs::path trabajo = anexos.Ruta().parent_path();
@@ -136,6 +161,9 @@ bool Generar(const Encargo& encargo) {
            ui::Icon::kInformation);
     return false;
   }
+  // Request and answer have one name for all programs under a profile.
+  const auto turno = Reservar(EntornoActual(), trabajo / "firmador.ocupado",
+                              "El firmador lo está usando", kEsperaCarpeta);
   facturae::FicheroSecreto entrada(EntornoActual(), trabajo / "entrada.xml");
   const RespuestaFirma respuesta =
       facturae::Firmar(*xml, entrada, trabajo / "salida.xml",
@@ -151,7 +179,7 @@ bool Generar(const Encargo& encargo) {
 bool FACTURA_E(std::int32_t cliente, std::int16_t ejercicio, std::int16_t serie,
                std::int32_t codigo, std::int16_t tipoDoc, std::int16_t tipo, std::int16_t almacenFT,
                std::int16_t cajaFT, const FechaHora& fechaFT, std::int32_t codigoFT, bool exportar,
-               const std::string& rutaExportacion, std::int16_t revision) {
+               const std::string& rutaExportacion, std::int16_t revision, bool pendiente) {
   bool conforme = false;
   return Accion("modFactura_E:FACTURA_E",
                 [&] {
@@ -160,7 +188,8 @@ bool FACTURA_E(std::int32_t cliente, std::int16_t ejercicio, std::int16_t serie,
                                        fechaFT, codigoFT},
                                       exportar,
                                       RutaDe(rutaExportacion),
-                                      revision});
+                                      revision,
+                                      pendiente});
                 }) &&
          conforme;
 }

@@ -46,13 +46,17 @@ std::string IdentificadorFactura(std::int16_t empresa, const ClaveDocumento& cla
                        Cifras(clave.serie, "000"));
 }
 
+std::string IdentificadorDocumento(std::int16_t empresa, const ClaveDocumento& clave) {
+  return clave.EsTicket() ? IdentificadorTicket(empresa, clave)
+                          : IdentificadorFactura(empresa, clave);
+}
+
 void CalculaTotalesFacturas(EstadoFacturaE& estado, const ClaveDocumento& clave) {
   VaciarResultados(estado);
   const std::int16_t empresa = EmpresaActual().CodigoEmpresa();
   const auto filas = ConexionActual().Open(ConsultaTotales(clave, empresa));
   if (filas->Eof()) return;
-  estado.identificadorLote =
-      clave.EsTicket() ? IdentificadorTicket(empresa, clave) : IdentificadorFactura(empresa, clave);
+  estado.identificadorLote = IdentificadorDocumento(empresa, clave);
   estado.numFacturas = filas->Get<std::int32_t>("numFacturas");
   estado.importeLote = Numero(Fila(*filas).Get<Currency>("total"), kDosDecimales);
 }

@@ -50,6 +50,9 @@ EstadoFacturaE& Estado();
 /// characters at most.
 std::string IdentificadorFactura(std::int16_t empresa, const ClaveDocumento& clave);
 
+/// The same of an invoice or a ticket invoice.
+std::string IdentificadorDocumento(std::int16_t empresa, const ClaveDocumento& clave);
+
 /// Empties the document's results and computes identifier, count and amount of the batch.
 void CalculaTotalesFacturas(EstadoFacturaE& estado, const ClaveDocumento& clave);
 

@@ -2,6 +2,7 @@
 
 #include <string>
 
+#include "facturae/consultas_documento.h"
 #include "frame/codigo1252.h"
 #include "frame/formato.h"
 #include "frame/puertos.h"
@@ -55,6 +56,10 @@ void RegistroRespuestas::Anotar(std::string_view texto) {
   std::string bytes(linea.size(), ' ');
   bytes.resize(Escribir1252(linea, bytes).bytes);
   fichero_.Linea(bytes);
+}
+
+bool TieneEnvio(const ClaveDocumento& clave) {
+  return !ConexionActual().Open(ConsultaRevision(clave, EmpresaActual().CodigoEmpresa()))->Eof();
 }
 
 std::string BorrarEnvios(const ClaveDocumento& clave) {

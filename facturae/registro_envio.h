@@ -23,6 +23,9 @@ class RegistroRespuestas {
   EscritorTexto fichero_;
 };
 
+/// Whether the document has been sent through this platform.
+bool TieneEnvio(const ClaveDocumento& clave);
+
 /// The statement that removes every earlier sending of the document, whatever its platform.
 std::string BorrarEnvios(const ClaveDocumento& clave);
 /// The statement that records the sending of the document that `estado` describes.

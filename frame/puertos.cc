@@ -14,6 +14,7 @@ Connection::~Connection() = default;
 Empresa::~Empresa() = default;
 FileWriter::~FileWriter() = default;
 FileReader::~FileReader() = default;
+FileHold::~FileHold() = default;
 Entorno::~Entorno() = default;
 Suite::~Suite() = default;
 DocumentoXml::~DocumentoXml() = default;

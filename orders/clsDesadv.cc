@@ -8,6 +8,7 @@
 
 #include "frame/lector_texto.h"
 #include "frame/puertos.h"
+#include "frame/reserva.h"
 #include "frame/sesion.h"
 #include "frame/transaccion.h"
 #include "orders/crear_compras.h"
@@ -34,6 +35,8 @@ class Insercion {
         fichero_(entorno_, raiz, fichero) {}
 
   void Ejecutar() {
+    const auto reserva = Turno();
+    if (!reserva) return;
     try {
       Procesar();
     } catch (const std::exception& error) {
@@ -44,6 +47,7 @@ class Insercion {
   }
 
  private:
+  std::unique_ptr<FileHold> Turno();
   void Procesar();
   void Leer(const desadv::Tablas& tablas);
   void ComprobarInicio();
@@ -53,6 +57,7 @@ class Insercion {
   void Anotar(std::string_view rutina, const std::string& texto) {
     log_->Escribir(0, rutina, texto);
   }
+  void AnotarFallo(const std::string& texto);
   void AbrirLog() { log_ = SuiteActual().AbrirLog(entorno_, raiz_ / "OrmoPCCOM.log"); }
 
   Entorno& entorno_;
@@ -69,6 +74,17 @@ void Intentar(Cuerpo&& cuerpo) {
     std::forward<Cuerpo>(cuerpo)();
   } catch (const std::exception&) {
     return;
+  }
+}
+
+/// The reception root for this run alone; null when it cannot be had: the file is left where it is.
+std::unique_ptr<FileHold> Insercion::Turno() {
+  try {
+    return Reservar(entorno_, raiz_ / "DESADV.leyendo", "Los ficheros recibidos los está leyendo",
+                    kEsperaCarpeta);
+  } catch (const Error& error) {
+    AnotarFallo(std::string("Error: ") + error.what());
+    return nullptr;
   }
 }
 
@@ -114,22 +130,26 @@ void Insercion::ComprobarInicio() {
   desadv::Fallar("Error de inicio de fichero");
 }
 
+/// An entry that may be missing.
+void Insercion::AnotarFallo(const std::string& texto) {
+  Intentar([&] {
+    if (!log_) AbrirLog();
+    Anotar(kInsertar, texto);
+  });
+}
+
 /// Nothing of the run is left in the database; the file goes to Error, wherever it is. A file that
 /// was taken there already, or is not there at all, is left alone.
 void Insercion::Fracasar(const std::exception& error) {
-  if (!log_) Intentar([&] { AbrirLog(); });
-  const auto anotar = [this](const std::string& texto) {
-    if (log_) Intentar([&] { Anotar(kInsertar, texto); });
-  };
-  anotar(std::string("Error: ") + error.what());
+  AnotarFallo(std::string("Error: ") + error.what());
   try {
     if (!fichero_.Esta()) return;
-    anotar("Moviendo Fichero a carpeta Error: " + fichero_.Nombre());
+    AnotarFallo("Moviendo Fichero a carpeta Error: " + fichero_.Nombre());
     fichero_.CopiarAError();
-    anotar("Eliminando Fichero de la carpeta Rx: " + fichero_.Nombre());
+    AnotarFallo("Eliminando Fichero de la carpeta Rx: " + fichero_.Nombre());
     fichero_.Retirar();
   } catch (const std::exception& otro) {
-    anotar(std::string("Error: ") + otro.what());
+    AnotarFallo(std::string("Error: ") + otro.what());
   }
 }
 

@@ -1,7 +1,9 @@
 #include <filesystem>
+#include <memory>
 
 #include "frame/accion.h"
 #include "frame/puertos.h"
+#include "frame/reserva.h"
 #include "frame/sesion.h"
 #include "kvraedi/clsOrders.h"
 #include "kvraedi/error.h"
@@ -28,7 +30,13 @@ std::filesystem::path PrepararCarpeta() {
 
 bool clsOrders::Insertar() {
   std::filesystem::path carpeta;
-  if (!Accion("clsOrders:Insertar", [&] { carpeta = PrepararCarpeta(); })) return false;
+  std::unique_ptr<FileHold> reserva;  // for both passes
+  const bool preparada = Accion("clsOrders:Insertar", [&] {
+    carpeta = PrepararCarpeta();
+    reserva = Reservar(EntornoActual(), carpeta / "Temp" / "ORDERS.leyendo",
+                       "Los pedidos recibidos los está leyendo", kEsperaCarpeta);
+  });
+  if (!preparada) return false;
   Accion("clsOrders:ProcesarFicheros", [&] { ProcesarFicheros(carpeta); });
   Accion("clsOrders:CrearPedidosClientes", [&] { CrearPedidosClientes(carpeta); });
   return true;

@@ -6,6 +6,7 @@
 #include "frame/fichero_envio.h"
 #include "frame/formato.h"
 #include "frame/puertos.h"
+#include "frame/reserva.h"
 #include "frame/sesion.h"
 #include "kvraedi/error.h"
 #include "seres/consultas_invoic.h"
@@ -35,10 +36,22 @@ ClaveFactura ClaveDe(const Fila& factura) {
           factura.Get<std::int16_t>("TipoDoc")};
 }
 
+std::string NombreReserva(const ClaveFactura& clave) {
+  std::string nombre = "INVOIC";
+  for (const std::int32_t parte :
+       {std::int32_t{clave.empresa}, std::int32_t{clave.ejercicio}, std::int32_t{clave.serie},
+        clave.codigo, std::int32_t{clave.tipoDoc}}) {
+    nombre += '_' + std::to_string(parte);
+  }
+  return nombre + ".enviando";
+}
+
+bool Enviada(const Fila& factura) { return factura.GetOrEmpty<std::int16_t>("EDI_Tx") > 0; }
+
 /// Writes all records; gives back the identifier of a first sending, nothing for a repeated one.
 std::optional<std::string> EscribirMensaje(const invoic::Mensaje& mensaje, Entorno& entorno) {
   const std::string identificador = entorno.NewMessageId();
-  const bool enviadaAntes = mensaje.factura.GetOrEmpty<std::int16_t>("EDI_Tx") > 0;
+  const bool enviadaAntes = Enviada(mensaje.factura);
   EscribirRectl(mensaje, identificador, entorno.Now());
   EscribirSincc(mensaje, enviadaAntes);
   EscribirSincp(mensaje);
@@ -51,7 +64,7 @@ std::optional<std::string> EscribirMensaje(const invoic::Mensaje& mensaje, Entor
   return identificador;
 }
 
-void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave) {
+void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave, bool pendiente) {
   Entorno& entorno = EntornoActual();
   const Empresa& empresa = EmpresaActual();
   Connection& conexion = ConexionActual();
@@ -61,8 +74,13 @@ void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave) {
   entorno.MakeFolder(raiz / carpeta);
   entorno.MakeFolder(raiz / "Temp");
 
+  const std::string nombre =
+      "La factura " + std::to_string(clave.serie) + "/" + std::to_string(clave.codigo);
+  const auto reserva =
+      Reservar(entorno, raiz / "Temp" / NombreReserva(clave), nombre + " la está enviando");
   const auto factura =
       conexion.Open(invoic::ConsultaFactura(clave, empresa.EmpresaClientes(), cliente));
+  if (pendiente && !factura->Eof() && Enviada(Fila(*factura))) ThrowYaEnviada(nombre);
   FicheroEnvio fichero(entorno, raiz, carpeta, NombreFichero);
   std::optional<std::string> registro;
   if (!factura->Eof()) {
@@ -81,10 +99,10 @@ void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave) {
 }  // namespace
 
 bool INVOIC(std::int16_t cliente, std::int16_t serie, std::int32_t codigo, std::int16_t tipoDoc,
-            std::int16_t ejercicio) {
+            std::int16_t ejercicio, bool pendiente) {
   return Accion("clsSeres:INVOIC", [&] {
     const std::int16_t empresa = EmpresaActual().CodigoEmpresa();
-    GenerarFichero(cliente, {empresa, ejercicio, serie, codigo, tipoDoc});
+    GenerarFichero(cliente, {empresa, ejercicio, serie, codigo, tipoDoc}, pendiente);
   });
 }
 

@@ -1,5 +1,6 @@
 #include "frame/accion.h"
 #include "frame/puertos.h"
+#include "frame/reserva.h"
 #include "frame/sesion.h"
 #include "seres/consultas_coacsu.h"
 #include "seres/escritores_coacsu.h"
@@ -29,6 +30,9 @@ bool ProcesarFacturasCoacsu(std::int16_t cliente, const std::string& fechaInicia
   const bool procesado = Accion("clsSeres:ProcesarFacturasCoacsu", [&] {
     const coacsu::Seleccion seleccion{cliente, fechaInicial, fechaFinal};
     Entorno& entorno = EntornoActual();
+    auto enUso = FicheroCoacsu();
+    const auto reserva =
+        Reservar(entorno, enUso += ".escribiendo", "El fichero COACSU lo está escribiendo");
     const auto resumen = ConexionActual().Open(coacsu::ConsultaResumen(seleccion));
     EscritorTexto fichero(entorno.Append(FicheroCoacsu()));
     coacsu::EscribirRectl(fichero, entorno.Now());

@@ -8,9 +8,11 @@ namespace kvraedi {
 
 /// Turns one issued invoice into one INVOIC file of the Seres platform, files it in the folder of
 /// its fiscal year below the sending root and records the sending, once. `ejercicio` is the fiscal
-/// year. True when the file is in its place; otherwise the error has been shown.
+/// year. One that another terminal is sending is refused, and so is, when the caller knows it as
+/// `pendiente`, one that has a sending by now; otherwise that makes it a repeated one. True when
+/// the file is in its place; otherwise the error has been shown.
 bool INVOIC(std::int16_t cliente, std::int16_t serie, std::int32_t codigo, std::int16_t tipoDoc,
-            std::int16_t ejercicio);
+            std::int16_t ejercicio, bool pendiente = false);
 
 /// The file of all COACSU groups, in the drive's root.
 std::filesystem::path FicheroCoacsu();

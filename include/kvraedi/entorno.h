@@ -1,5 +1,6 @@
 #pragma once
 
+#include <chrono>
 #include <cstdint>
 #include <filesystem>
 #include <memory>
@@ -42,6 +43,12 @@ class KVRAEDI_API FileReader {
 struct FileDigest {
   std::string sha256;  ///< 64 hexadecimal digits, small letters
   std::int64_t bytes = 0;
+};
+
+/// A file that this program holds alone. Destroying it lets the file go and removes it.
+class KVRAEDI_API FileHold {
+ public:
+  virtual ~FileHold();
 };
 
 /// The machine around the component: clock, names, settings and files. All access to files goes
@@ -99,6 +106,11 @@ class KVRAEDI_API Entorno {
   /// Moves within one folder, replacing what is there, in one step.
   virtual void Rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
   virtual void Delete(const std::filesystem::path& file) = 0;
+  /// Takes a file, made when it is not there, for this program alone, and writes into it which
+  /// terminal and process have it. Waits for another one that holds it; null when that still does
+  /// when the wait is over. The system lets it go when the program ends, however it ends.
+  virtual std::unique_ptr<FileHold> Hold(const std::filesystem::path& file,
+                                         std::chrono::milliseconds wait) = 0;
   /// Opens an existing file with the program that the system has for its type, and does not wait
   /// for it.
   virtual void OpenWithDefaultProgram(const std::filesystem::path& file) = 0;
@@ -165,6 +177,10 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
     target_.Rename(from, to);
   }
   void Delete(const std::filesystem::path& file) override { target_.Delete(file); }
+  std::unique_ptr<FileHold> Hold(const std::filesystem::path& file,
+                                 std::chrono::milliseconds wait) override {
+    return target_.Hold(file, wait);
+  }
   void OpenWithDefaultProgram(const std::filesystem::path& file) override {
     target_.OpenWithDefaultProgram(file);
   }

@@ -15,6 +15,7 @@
 #include "platform/os/error_sistema.h"
 #include "platform/os/ficheros.h"
 #include "platform/os/procesos.h"
+#include "platform/os/reserva.h"
 #include "platform/os/resumen.h"
 #include "platform/os/visor.h"
 
@@ -155,6 +156,12 @@ void EntornoSistema::Rename(const std::filesystem::path& from, const std::filesy
 }
 
 void EntornoSistema::Delete(const std::filesystem::path& file) { os::BorrarFichero(file); }
+
+std::unique_ptr<FileHold> EntornoSistema::Hold(const std::filesystem::path& file,
+                                               std::chrono::milliseconds wait) {
+  const std::string terminal = TerminalName();
+  return os::Reservar(file, terminal + " (proceso " + std::to_string(::getpid()) + ")", wait);
+}
 
 void EntornoSistema::OpenWithDefaultProgram(const std::filesystem::path& file) {
   os::AbrirConSuPrograma(file);

@@ -53,6 +53,8 @@ class EntornoSistema : public Entorno {
   void Copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
   void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
   void Delete(const std::filesystem::path& file) override;
+  std::unique_ptr<FileHold> Hold(const std::filesystem::path& file,
+                                 std::chrono::milliseconds wait) override;
   /// By means of xdg-open.
   void OpenWithDefaultProgram(const std::filesystem::path& file) override;
   std::int64_t Start(const std::filesystem::path& program) override;

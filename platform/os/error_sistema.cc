@@ -36,6 +36,7 @@ constexpr Motivo kMotivos[] = {
     {EIO, "error de lectura o escritura en el disco"},
     {ENOMEM, "no hay memoria suficiente"},
     {EINVAL, "operación no admitida"},
+    {ENOLCK, "la carpeta no admite reservas"},
     {ESPIPE, "no es un fichero corriente"},
 };
 

@@ -100,6 +100,11 @@ class EntornoConFallos : public EntornoWrapper {
     fallo.Paso("No queda espacio");
     EntornoWrapper::Delete(file);
   }
+  std::unique_ptr<FileHold> Hold(const std::filesystem::path& file,
+                                 std::chrono::milliseconds wait) override {
+    fallo.Paso("No queda espacio");
+    return EntornoWrapper::Hold(file, wait);
+  }
   /// Only noted down when the file is there.
   void OpenWithDefaultProgram(const std::filesystem::path& file) override {
     if (!FileExists(file)) return EntornoWrapper::OpenWithDefaultProgram(file);

@@ -1,0 +1,83 @@
+#include "platform/os/reserva.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <thread>
+#include <utility>
+
+#include "platform/os/error_sistema.h"
+
+namespace kvraedi::os {
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr mode_t kModo = 0666;
+constexpr std::chrono::milliseconds kPausa{20};
+
+class Reserva : public FileHold {
+ public:
+  /// Of an open file that is locked.
+  Reserva(fs::path ruta, int fd) : ruta_(std::move(ruta)), fd_(fd) {}
+  /// Removed while it is locked: who has opened it meanwhile finds that it is no longer the file of
+  /// that name.
+  ~Reserva() override {
+    ::unlink(ruta_.c_str());
+    ::close(fd_);
+  }
+  Reserva(const Reserva&) = delete;
+  Reserva& operator=(const Reserva&) = delete;
+
+  void Firmar(std::string_view quien) const {
+    if (::ftruncate(fd_, 0) == 0 &&
+        ::write(fd_, quien.data(), quien.size()) == static_cast<ssize_t>(quien.size())) {
+      return;
+    }
+    FalloSistema("No se puede escribir en", ruta_, errno);
+  }
+
+ private:
+  fs::path ruta_;
+  int fd_;
+};
+
+bool EnSuSitio(int fd, const fs::path& ruta) {
+  struct stat abierto {};
+  struct stat sitio {};
+  return ::fstat(fd, &abierto) == 0 && ::stat(ruta.c_str(), &sitio) == 0 &&
+         abierto.st_dev == sitio.st_dev && abierto.st_ino == sitio.st_ino;
+}
+
+/// Null when another has it.
+std::unique_ptr<Reserva> Intentar(const fs::path& ruta) {
+  for (;;) {
+    const int fd = ::open(ruta.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kModo);
+    if (fd < 0) FalloSistema("No se puede crear el fichero", ruta, errno);
+    ::fchmod(fd, kModo);  // another user takes over what a program left that was killed
+    const int fallo = ::flock(fd, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
+    if (fallo == 0 && EnSuSitio(fd, ruta)) return std::make_unique<Reserva>(ruta, fd);
+    ::close(fd);
+    if (fallo == EWOULDBLOCK) return nullptr;
+    if (fallo != 0) FalloSistema("No se puede reservar", ruta, fallo);
+  }
+}
+
+}  // namespace
+
+std::unique_ptr<FileHold> Reservar(const fs::path& ruta, std::string_view quien,
+                                   std::chrono::milliseconds espera) {
+  const auto limite = std::chrono::steady_clock::now() + espera;
+  auto reserva = Intentar(ruta);
+  while (!reserva && std::chrono::steady_clock::now() < limite) {
+    std::this_thread::sleep_for(kPausa);
+    reserva = Intentar(ruta);
+  }
+  if (reserva) reserva->Firmar(quien);
+  return reserva;
+}
+
+}  // namespace kvraedi::os
