@@ -9,6 +9,7 @@ programa=${0##*/}
 paquetes_construir=(g++ cmake ninja-build libsqlite3-dev libssl-dev unixodbc-dev libpugixml-dev qt6-base-dev libcli11-dev libkainjow-mustache-dev fonts-dejavu-core)
 paquetes_probar=(libgtest-dev libxml2-utils locales odbcinst tdsodbc libsqliteodbc python3)
 paquetes_medir=(libbenchmark-dev python3)
+paquetes_cobertura=(gcovr)
 paquetes_fuzz=(clang libclang-rt-dev)
 paquetes_revisar=(ccache clang-format clang-tidy python3)
 
