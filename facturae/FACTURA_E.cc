@@ -12,8 +12,8 @@
 #include "frame/carpeta_anexos.h"
 #include "frame/fichero_provisional.h"
 #include "frame/formato.h"
+#include "frame/marca.h"
 #include "frame/puertos.h"
-#include "frame/reserva.h"
 #include "frame/ruta.h"
 #include "frame/sesion.h"
 #include "kvraedi/error.h"
@@ -65,7 +65,7 @@ std::unique_ptr<FileHold> ReservarFactura(const Encargo& encargo, const Carpetas
           ? "La factura del ticket " + std::to_string(clave.codigoFT)
           : "La factura " + std::to_string(clave.serie) + "/" + std::to_string(clave.codigo);
   auto reserva = Reservar(EntornoActual(), carpetas.sinFirmar / (identificador + ".enviando"),
-                          nombre + " la está enviando");
+                          nombre + " la está enviando", kEsperaBreve);
   if (encargo.pendiente &&
       EntornoActual().FileExists(carpetas.firmado / (identificador + ".xsig")) &&
       facturae::TieneEnvio(clave)) {

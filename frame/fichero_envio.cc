@@ -83,4 +83,18 @@ void FicheroEnvio::Retirar(std::filesystem::path& fichero) noexcept {
   }
 }
 
+void ConcluirEnvio(Entorno& entorno, const std::filesystem::path& raiz, const std::string& carpeta,
+                   const std::string& nombre, bool registrado) {
+  const auto trabajo = raiz / kTrabajo / RutaDe(nombre);
+  if (entorno.FileExists(trabajo)) entorno.Delete(trabajo);
+  const auto final = raiz / RutaDe(carpeta) / RutaDe(nombre);
+  const auto copia = RutaParcial(final);
+  if (!entorno.FileExists(copia)) return;
+  if (registrado) {
+    entorno.Rename(copia, final);
+  } else {
+    entorno.Delete(copia);
+  }
+}
+
 }  // namespace kvraedi

@@ -48,4 +48,9 @@ class FicheroEnvio {
   std::unique_ptr<EscritorTexto> escritor_;
 };
 
+/// Ends what an interruption left of the file `nombre` that was on its way to `carpeta`: when its
+/// sending is recorded it gets its name, else it goes.
+void ConcluirEnvio(Entorno& entorno, const std::filesystem::path& raiz, const std::string& carpeta,
+                   const std::string& nombre, bool registrado);
+
 }  // namespace kvraedi

@@ -7,8 +7,8 @@
 #include <utility>
 
 #include "frame/lector_texto.h"
+#include "frame/marca.h"
 #include "frame/puertos.h"
-#include "frame/reserva.h"
 #include "frame/sesion.h"
 #include "frame/transaccion.h"
 #include "orders/crear_compras.h"

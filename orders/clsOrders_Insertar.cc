@@ -2,8 +2,8 @@
 #include <memory>
 
 #include "frame/accion.h"
+#include "frame/marca.h"
 #include "frame/puertos.h"
-#include "frame/reserva.h"
 #include "frame/sesion.h"
 #include "kvraedi/clsOrders.h"
 #include "kvraedi/error.h"

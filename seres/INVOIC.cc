@@ -1,12 +1,13 @@
 #include <filesystem>
+#include <memory>
 #include <optional>
 #include <string>
 
 #include "frame/accion.h"
 #include "frame/fichero_envio.h"
 #include "frame/formato.h"
+#include "frame/marca.h"
 #include "frame/puertos.h"
-#include "frame/reserva.h"
 #include "frame/sesion.h"
 #include "kvraedi/error.h"
 #include "seres/consultas_invoic.h"
@@ -17,6 +18,9 @@ namespace kvraedi {
 namespace {
 
 using invoic::ClaveFactura;
+
+constexpr const char* kInicioMarca = "INVOIC";
+constexpr const char* kFinalMarca = ".enviando";
 
 std::filesystem::path RaizEnvios(Entorno& entorno) {
   auto raiz = ParametroRuta("EDI_PathFichEnvios");
@@ -36,14 +40,33 @@ ClaveFactura ClaveDe(const Fila& factura) {
           factura.Get<std::int16_t>("TipoDoc")};
 }
 
-std::string NombreReserva(const ClaveFactura& clave) {
-  std::string nombre = "INVOIC";
+std::string NombreFactura(const ClaveFactura& clave) {
+  return "La factura " + std::to_string(clave.serie) + "/" + std::to_string(clave.codigo);
+}
+
+std::string NombreMarca(const ClaveFactura& clave) {
+  std::string nombre = kInicioMarca;
   for (const std::int32_t parte :
        {std::int32_t{clave.empresa}, std::int32_t{clave.ejercicio}, std::int32_t{clave.serie},
         clave.codigo, std::int32_t{clave.tipoDoc}}) {
     nombre += '_' + std::to_string(parte);
   }
-  return nombre + ".enviando";
+  return nombre + kFinalMarca;
+}
+
+/// The invoice for this terminal alone. What interrupted sendings of any invoice left is put right
+/// first: a file whose sending is recorded was only waiting for its name.
+std::unique_ptr<FileHold> ReservarFactura(Entorno& entorno, const std::filesystem::path& raiz,
+                                          const ClaveFactura& clave) {
+  const auto atender = [&](const Notas& notas) {
+    const std::string fichero = notas["fichero"];
+    if (fichero.empty()) return;
+    const bool registrado = !ConexionActual().Open(invoic::ConsultaEnvio(fichero))->Eof();
+    ConcluirEnvio(entorno, raiz, notas["carpeta"], fichero, registrado);
+  };
+  AtenderInterrupciones(entorno, raiz / "Temp", kInicioMarca, kFinalMarca, atender);
+  return Reservar(entorno, raiz / "Temp" / NombreMarca(clave),
+                  NombreFactura(clave) + " la está enviando", kEsperaBreve, atender);
 }
 
 bool Enviada(const Fila& factura) { return factura.GetOrEmpty<std::int16_t>("EDI_Tx") > 0; }
@@ -64,6 +87,16 @@ std::optional<std::string> EscribirMensaje(const invoic::Mensaje& mensaje, Entor
   return identificador;
 }
 
+/// A recorded file that does not get its name keeps the mark, so that the next run gives it to it.
+void Publicar(FicheroEnvio& fichero, FileHold& marca, bool registrado) {
+  try {
+    fichero.Publicar();
+  } catch (const Error&) {
+    if (registrado) marca.Leave();
+    throw;
+  }
+}
+
 void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave, bool pendiente) {
   Entorno& entorno = EntornoActual();
   const Empresa& empresa = EmpresaActual();
@@ -74,14 +107,14 @@ void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave, bool pendie
   entorno.MakeFolder(raiz / carpeta);
   entorno.MakeFolder(raiz / "Temp");
 
-  const std::string nombre =
-      "La factura " + std::to_string(clave.serie) + "/" + std::to_string(clave.codigo);
-  const auto reserva =
-      Reservar(entorno, raiz / "Temp" / NombreReserva(clave), nombre + " la está enviando");
+  const auto marca = ReservarFactura(entorno, raiz, clave);
   const auto factura =
       conexion.Open(invoic::ConsultaFactura(clave, empresa.EmpresaClientes(), cliente));
-  if (pendiente && !factura->Eof() && Enviada(Fila(*factura))) ThrowYaEnviada(nombre);
+  if (pendiente && !factura->Eof() && Enviada(Fila(*factura))) {
+    ThrowYaEnviada(NombreFactura(clave));
+  }
   FicheroEnvio fichero(entorno, raiz, carpeta, NombreFichero);
+  Anotar(*marca, {{"carpeta", carpeta}, {"fichero", fichero.Nombre()}});
   std::optional<std::string> registro;
   if (!factura->Eof()) {
     const Fila fila(*factura);
@@ -93,7 +126,7 @@ void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave, bool pendie
   factura->Close();
   fichero.Preparar();
   if (registro) conexion.Execute(*registro);
-  fichero.Publicar();
+  Publicar(fichero, *marca, registro.has_value());
 }
 
 }  // namespace

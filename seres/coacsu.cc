@@ -1,6 +1,6 @@
 #include "frame/accion.h"
+#include "frame/marca.h"
 #include "frame/puertos.h"
-#include "frame/reserva.h"
 #include "frame/sesion.h"
 #include "seres/consultas_coacsu.h"
 #include "seres/escritores_coacsu.h"
@@ -31,8 +31,8 @@ bool ProcesarFacturasCoacsu(std::int16_t cliente, const std::string& fechaInicia
     const coacsu::Seleccion seleccion{cliente, fechaInicial, fechaFinal};
     Entorno& entorno = EntornoActual();
     auto enUso = FicheroCoacsu();
-    const auto reserva =
-        Reservar(entorno, enUso += ".escribiendo", "El fichero COACSU lo está escribiendo");
+    const auto reserva = Reservar(entorno, enUso += ".escribiendo",
+                                  "El fichero COACSU lo está escribiendo", kEsperaBreve);
     const auto resumen = ConexionActual().Open(coacsu::ConsultaResumen(seleccion));
     EscritorTexto fichero(entorno.Append(FicheroCoacsu()));
     coacsu::EscribirRectl(fichero, entorno.Now());

@@ -82,6 +82,10 @@ std::string ConsultaVencimientos(const ClaveFactura& clave) {
       " AND Codigo = ", clave.codigo, " AND TipoDoc = ", clave.tipoDoc, " ORDER BY Apunte");
 }
 
+std::string ConsultaEnvio(const std::string& fichero) {
+  return Sql("SELECT EDIFichero FROM EDI_Envio_Facturas WHERE EDIFichero = ", SqlTexto{fichero});
+}
+
 std::string InsertarEnvio(const ClaveFactura& clave, const std::string& identificador,
                           const std::string& fichero) {
   return Sql(

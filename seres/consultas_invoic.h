@@ -20,6 +20,8 @@ std::string ConsultaFactura(const ClaveFactura& clave, std::int16_t empresaClien
 std::string ConsultaLineas(const ClaveFactura& clave, std::int16_t empresaClientes);
 std::string ConsultaImpuestos(const ClaveFactura& clave);
 std::string ConsultaVencimientos(const ClaveFactura& clave);
+/// A row when the sending of the file is recorded.
+std::string ConsultaEnvio(const std::string& fichero);
 std::string InsertarEnvio(const ClaveFactura& clave, const std::string& identificador,
                           const std::string& fichero);
 

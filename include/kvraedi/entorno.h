@@ -49,6 +49,12 @@ struct FileDigest {
 class KVRAEDI_API FileHold {
  public:
   virtual ~FileHold();
+  /// What a program left in it that was interrupted; "" when none did.
+  virtual std::string Text() const = 0;
+  /// Adds to the file and forces it to the disk.
+  virtual void Append(std::string_view text) = 0;
+  /// Lets the file stay when it is let go.
+  virtual void Leave() = 0;
 };
 
 /// The machine around the component: clock, names, settings and files. All access to files goes
@@ -89,6 +95,8 @@ class KVRAEDI_API Entorno {
   virtual std::string ReadFile(const std::filesystem::path& file) = 0;
   /// An existing file, read block by block.
   virtual std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) = 0;
+  /// Bytes of a file; 0 when it is not there.
+  virtual std::int64_t FileSize(const std::filesystem::path& file) = 0;
   /// SHA-256 and size of an existing file.
   virtual FileDigest Digest(const std::filesystem::path& file) = 0;
   /// Names, without folder, of the plain files of a folder that end in `ending` (".dat"), without
@@ -106,9 +114,12 @@ class KVRAEDI_API Entorno {
   /// Moves within one folder, replacing what is there, in one step.
   virtual void Rename(const std::filesystem::path& from, const std::filesystem::path& to) = 0;
   virtual void Delete(const std::filesystem::path& file) = 0;
-  /// Takes a file, made when it is not there, for this program alone, and writes into it which
-  /// terminal and process have it. Waits for another one that holds it; null when that still does
-  /// when the wait is over. The system lets it go when the program ends, however it ends.
+  /// Cuts off what a file has beyond that length.
+  virtual void Truncate(const std::filesystem::path& file, std::int64_t bytes) = 0;
+  /// Takes a file, made when it is not there, for this program alone. Into an empty one it writes
+  /// which terminal and process have it, as lines "terminal=" and "proceso=". Waits for another one
+  /// that holds it; null when that still does when the wait is over. The system lets it go when the
+  /// program ends, however it ends.
   virtual std::unique_ptr<FileHold> Hold(const std::filesystem::path& file,
                                          std::chrono::milliseconds wait) = 0;
   /// Opens an existing file with the program that the system has for its type, and does not wait
@@ -156,6 +167,9 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
   std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) override {
     return target_.OpenForReading(file);
   }
+  std::int64_t FileSize(const std::filesystem::path& file) override {
+    return target_.FileSize(file);
+  }
   FileDigest Digest(const std::filesystem::path& file) override { return target_.Digest(file); }
   std::vector<std::string> ListFiles(const std::filesystem::path& folder,
                                      std::string_view ending) override {
@@ -177,6 +191,9 @@ class KVRAEDI_API EntornoWrapper : public Entorno {
     target_.Rename(from, to);
   }
   void Delete(const std::filesystem::path& file) override { target_.Delete(file); }
+  void Truncate(const std::filesystem::path& file, std::int64_t bytes) override {
+    target_.Truncate(file, bytes);
+  }
   std::unique_ptr<FileHold> Hold(const std::filesystem::path& file,
                                  std::chrono::milliseconds wait) override {
     return target_.Hold(file, wait);

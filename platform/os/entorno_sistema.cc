@@ -126,6 +126,10 @@ std::unique_ptr<FileReader> EntornoSistema::OpenForReading(const std::filesystem
   return os::AbrirParaLeer(file);
 }
 
+std::int64_t EntornoSistema::FileSize(const std::filesystem::path& file) {
+  return os::TamanoFichero(file);
+}
+
 FileDigest EntornoSistema::Digest(const std::filesystem::path& file) {
   return os::Resumir(*OpenForReading(file));
 }
@@ -157,10 +161,15 @@ void EntornoSistema::Rename(const std::filesystem::path& from, const std::filesy
 
 void EntornoSistema::Delete(const std::filesystem::path& file) { os::BorrarFichero(file); }
 
+void EntornoSistema::Truncate(const std::filesystem::path& file, std::int64_t bytes) {
+  os::AcortarFichero(file, bytes);
+}
+
 std::unique_ptr<FileHold> EntornoSistema::Hold(const std::filesystem::path& file,
                                                std::chrono::milliseconds wait) {
-  const std::string terminal = TerminalName();
-  return os::Reservar(file, terminal + " (proceso " + std::to_string(::getpid()) + ")", wait);
+  const std::string quien =
+      "terminal=" + TerminalName() + "\nproceso=" + std::to_string(::getpid()) + "\n";
+  return os::Reservar(file, quien, wait);
 }
 
 void EntornoSistema::OpenWithDefaultProgram(const std::filesystem::path& file) {

@@ -44,6 +44,7 @@ class EntornoSistema : public Entorno {
   std::unique_ptr<FileWriter> CreatePrivate(const std::filesystem::path& file) override;
   std::string ReadFile(const std::filesystem::path& file) override;
   std::unique_ptr<FileReader> OpenForReading(const std::filesystem::path& file) override;
+  std::int64_t FileSize(const std::filesystem::path& file) override;
   FileDigest Digest(const std::filesystem::path& file) override;
   std::vector<std::string> ListFiles(const std::filesystem::path& folder,
                                      std::string_view ending) override;
@@ -53,6 +54,7 @@ class EntornoSistema : public Entorno {
   void Copy(const std::filesystem::path& from, const std::filesystem::path& to) override;
   void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override;
   void Delete(const std::filesystem::path& file) override;
+  void Truncate(const std::filesystem::path& file, std::int64_t bytes) override;
   std::unique_ptr<FileHold> Hold(const std::filesystem::path& file,
                                  std::chrono::milliseconds wait) override;
   /// By means of xdg-open.

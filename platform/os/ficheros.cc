@@ -65,6 +65,10 @@ class Descriptor {
     }
   }
 
+  void Acortar(off_t longitud) {
+    if (::ftruncate(fd_, longitud) != 0) FalloSistema("No se puede escribir en", ruta_, errno);
+  }
+
   void Sincronizar() {
     if (::fsync(fd_) != 0) FalloSistema("No se puede guardar en el disco", ruta_, errno);
   }
@@ -155,16 +159,6 @@ mode_t ModoDe(const fs::path& ruta) {
   return 0;
 }
 
-/// Brings a new name to the disk where the system lets a folder be synchronised. The file has its
-/// name already, so that a refusal is no failure of what was asked for.
-void SincronizarCarpetaDe(const fs::path& ruta) {
-  const fs::path carpeta = ruta.has_parent_path() ? ruta.parent_path() : fs::path(".");
-  const int fd = ::open(carpeta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  if (fd < 0) return;
-  ::fsync(fd);
-  ::close(fd);
-}
-
 bool MismoFichero(const struct stat& uno, const fs::path& ruta) {
   struct stat otro {};
   return ::stat(ruta.c_str(), &otro) == 0 && uno.st_dev == otro.st_dev && uno.st_ino == otro.st_ino;
@@ -191,6 +185,13 @@ bool ExisteCarpeta(const fs::path& ruta) { return S_ISDIR(ModoDe(ruta)); }
 bool ExisteFichero(const fs::path& ruta) {
   const mode_t modo = ModoDe(ruta);
   return modo != 0 && !S_ISDIR(modo);
+}
+
+std::int64_t TamanoFichero(const fs::path& ruta) {
+  struct stat estado {};
+  if (::stat(ruta.c_str(), &estado) == 0) return estado.st_size;
+  if (errno != ENOENT && errno != ENOTDIR) FalloSistema("No se puede consultar", ruta, errno);
+  return 0;
 }
 
 void CrearCarpeta(const fs::path& ruta) {
@@ -275,6 +276,21 @@ void RenombrarFichero(const fs::path& origen, const fs::path& destino) {
 
 void BorrarFichero(const fs::path& ruta) {
   if (::unlink(ruta.c_str()) != 0) FalloSistema("No se puede borrar", ruta, errno);
+}
+
+void AcortarFichero(const fs::path& ruta, std::int64_t longitud) {
+  Descriptor fichero(ruta, O_WRONLY, "No se puede abrir");
+  if (fichero.Estado().st_size > longitud) fichero.Acortar(longitud);
+  fichero.Sincronizar();
+  fichero.Cerrar();
+}
+
+void SincronizarCarpetaDe(const fs::path& ruta) {
+  const fs::path carpeta = ruta.has_parent_path() ? ruta.parent_path() : fs::path(".");
+  const int fd = ::open(carpeta.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  if (fd < 0) return;
+  ::fsync(fd);
+  ::close(fd);
 }
 
 }  // namespace kvraedi::os

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <filesystem>
 #include <memory>
 #include <string>
@@ -15,6 +16,8 @@ namespace kvraedi::os {
 
 bool ExisteCarpeta(const std::filesystem::path& ruta);
 bool ExisteFichero(const std::filesystem::path& ruta);
+/// Bytes of a file, 0 when it is not there.
+std::int64_t TamanoFichero(const std::filesystem::path& ruta);
 void CrearCarpeta(const std::filesystem::path& ruta);
 std::unique_ptr<FileWriter> CrearFichero(const std::filesystem::path& ruta);
 std::unique_ptr<FileWriter> CrearFicheroPrivado(const std::filesystem::path& ruta);
@@ -28,5 +31,10 @@ std::unique_ptr<FileWriter> AbrirAlFinal(const std::filesystem::path& ruta);
 void CopiarFichero(const std::filesystem::path& origen, const std::filesystem::path& destino);
 void RenombrarFichero(const std::filesystem::path& origen, const std::filesystem::path& destino);
 void BorrarFichero(const std::filesystem::path& ruta);
+/// Cuts off what it has beyond that length; on the disk when it returns.
+void AcortarFichero(const std::filesystem::path& ruta, std::int64_t longitud);
+/// Brings a new name to the disk where the system lets a folder be synchronised. The file has its
+/// name already, so that a refusal is no failure of what was asked for.
+void SincronizarCarpetaDe(const std::filesystem::path& ruta);
 
 }  // namespace kvraedi::os

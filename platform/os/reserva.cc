@@ -10,6 +10,7 @@
 #include <utility>
 
 #include "platform/os/error_sistema.h"
+#include "platform/os/ficheros.h"
 
 namespace kvraedi::os {
 namespace {
@@ -26,23 +27,36 @@ class Reserva : public FileHold {
   /// Removed while it is locked: who has opened it meanwhile finds that it is no longer the file of
   /// that name.
   ~Reserva() override {
-    ::unlink(ruta_.c_str());
+    if (!queda_) ::unlink(ruta_.c_str());
     ::close(fd_);
   }
   Reserva(const Reserva&) = delete;
   Reserva& operator=(const Reserva&) = delete;
 
-  void Firmar(std::string_view quien) const {
-    if (::ftruncate(fd_, 0) == 0 &&
-        ::write(fd_, quien.data(), quien.size()) == static_cast<ssize_t>(quien.size())) {
-      return;
-    }
-    FalloSistema("No se puede escribir en", ruta_, errno);
+  std::string Text() const override { return anterior_; }
+  void Append(std::string_view text) override {
+    Escribir(text);
+    if (::fsync(fd_) != 0) FalloSistema("No se puede guardar en el disco", ruta_, errno);
+    SincronizarCarpetaDe(ruta_);
+  }
+  void Leave() override { queda_ = true; }
+
+  void Empezar(std::string_view quien) {
+    anterior_ = LeerFichero(ruta_);
+    if (anterior_.empty()) Escribir(quien);
+    queda_ = false;
   }
 
  private:
+  void Escribir(std::string_view texto) const {
+    if (::write(fd_, texto.data(), texto.size()) == static_cast<ssize_t>(texto.size())) return;
+    FalloSistema("No se puede escribir en", ruta_, errno);
+  }
+
   fs::path ruta_;
   int fd_;
+  std::string anterior_;
+  bool queda_ = true;
 };
 
 bool EnSuSitio(int fd, const fs::path& ruta) {
@@ -55,7 +69,7 @@ bool EnSuSitio(int fd, const fs::path& ruta) {
 /// Null when another has it.
 std::unique_ptr<Reserva> Intentar(const fs::path& ruta) {
   for (;;) {
-    const int fd = ::open(ruta.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, kModo);
+    const int fd = ::open(ruta.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, kModo);
     if (fd < 0) FalloSistema("No se puede crear el fichero", ruta, errno);
     ::fchmod(fd, kModo);  // another user takes over what a program left that was killed
     const int fallo = ::flock(fd, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;
@@ -76,7 +90,7 @@ std::unique_ptr<FileHold> Reservar(const fs::path& ruta, std::string_view quien,
     std::this_thread::sleep_for(kPausa);
     reserva = Intentar(ruta);
   }
-  if (reserva) reserva->Firmar(quien);
+  if (reserva) reserva->Empezar(quien);
   return reserva;
 }
 

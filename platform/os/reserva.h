@@ -9,7 +9,8 @@
 
 namespace kvraedi::os {
 
-/// Entorno::Hold on a POSIX system: a lock of the system on the file, in which `quien` is written.
+/// Entorno::Hold on a POSIX system: a lock of the system on the file; `quien` is written into an
+/// empty one.
 std::unique_ptr<FileHold> Reservar(const std::filesystem::path& ruta, std::string_view quien,
                                    std::chrono::milliseconds espera);
 

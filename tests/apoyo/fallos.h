@@ -1,5 +1,8 @@
 #pragma once
 
+#include <unistd.h>
+
+#include <csignal>
 #include <functional>
 #include <memory>
 #include <string>
@@ -21,10 +24,16 @@ class Fallo {
     operaciones_ = 0;
     disparado_ = false;
   }
+  /// Kills the program before its k-th operation instead.
+  void MorirEn(int operacion) {
+    FallarEn(operacion);
+    mortal_ = true;
+  }
   void Paso(const char* texto) {
     ++operaciones_;
     if (restantes_ > 0 && --restantes_ == 0) {
       disparado_ = true;
+      if (mortal_) ::kill(::getpid(), SIGKILL);
       throw Error(kErrorFile, "prueba", texto);
     }
   }
@@ -35,6 +44,7 @@ class Fallo {
   int restantes_ = 0;
   int operaciones_ = 0;
   bool disparado_ = false;
+  bool mortal_ = false;
 };
 
 /// The text of the error that the action raises; "(ninguno)" when it raises none.
@@ -103,7 +113,12 @@ class EntornoConFallos : public EntornoWrapper {
   std::unique_ptr<FileHold> Hold(const std::filesystem::path& file,
                                  std::chrono::milliseconds wait) override {
     fallo.Paso("No queda espacio");
-    return EntornoWrapper::Hold(file, wait);
+    auto real = EntornoWrapper::Hold(file, wait);
+    return real ? std::make_unique<Reserva>(fallo, std::move(real)) : nullptr;
+  }
+  void Truncate(const std::filesystem::path& file, std::int64_t bytes) override {
+    fallo.Paso("No queda espacio");
+    EntornoWrapper::Truncate(file, bytes);
   }
   /// Only noted down when the file is there.
   void OpenWithDefaultProgram(const std::filesystem::path& file) override {
@@ -130,6 +145,21 @@ class EntornoConFallos : public EntornoWrapper {
    private:
     Fallo& fallo_;
     std::unique_ptr<FileReader> real_;
+  };
+
+  class Reserva : public FileHold {
+   public:
+    Reserva(Fallo& fallo, std::unique_ptr<FileHold> real) : fallo_(fallo), real_(std::move(real)) {}
+    std::string Text() const override { return real_->Text(); }
+    void Append(std::string_view text) override {
+      fallo_.Paso("No queda espacio");
+      real_->Append(text);
+    }
+    void Leave() override { real_->Leave(); }
+
+   private:
+    Fallo& fallo_;
+    std::unique_ptr<FileHold> real_;
   };
 
   class Escritor : public FileWriter {

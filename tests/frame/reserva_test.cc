@@ -173,7 +173,7 @@ TEST_F(UnoSolo, SharedFoldersAreWaitedForAndWhatCannotBeReservedIsLeftAlone) {
         << Dicho();
     EXPECT_LE(Hecho(), antes);
     fs::remove(camino.reserva);
-    const OtroPrograma otro(camino.reserva, milliseconds{150});
+    const OtroPrograma otro(camino.reserva, milliseconds{600});
     EXPECT_EQ(camino.recorrer(), camino.espera);
   }
 }

@@ -64,7 +64,7 @@ TEST_F(InvoicFallosTest, WhateverFailsTheSendingIsUndoneAndCanBeRepeated) {
     deshacer();
     entorno.fallo.FallarEn(k);
     EXPECT_FALSE(Enviar()) << k;
-    ComprobarFallido("No queda espacio");
+    ComprobarFallido("No ");
     EXPECT_TRUE(Ficheros("2024").empty()) << k;
   }
   deshacer();
@@ -75,6 +75,10 @@ TEST_F(InvoicFallosTest, WhateverFailsTheSendingIsUndoneAndCanBeRepeated) {
   ASSERT_EQ(ficheros.size(), 1U);
   EXPECT_TRUE(ficheros[0].ends_with(".txt.parcial"));
   EXPECT_TRUE(toolkit.Messages().back().text.ends_with(ficheros[0]));
+  InsertarFactura(2);
+  ASSERT_TRUE(INVOIC(100, 3, 2, 0, 2024));
+  EXPECT_EQ(Ficheros("2024")[0] + ".parcial", ficheros[0]) << "the next sending names it";
+  EXPECT_TRUE(Ficheros("Temp").empty());
 }
 
 TEST_F(InvoicFallosTest, AValueThatCannotBeWrittenStopsTheSending) {
