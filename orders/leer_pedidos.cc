@@ -11,57 +11,13 @@
 #include "frame/recortar.h"
 #include "frame/sql.h"
 #include "kvraedi/error.h"
+#include "orders/registros_barras.h"
 
 namespace kvraedi {
 namespace {
 
-enum class Clase : std::uint8_t { kTexto, kGln, kNumero, kEmision, kFecha };
-
-/// A column of a staging table and the field of the record that it takes.
-struct Columna {
-  std::size_t campo;
-  std::string_view nombre;
-  Clase clase;
-};
-
-constexpr Columna kDtm[] = {
-    {1, "Fecha_Emision", Clase::kEmision},
-    {2, "Fecha_Ini_Entrega", Clase::kFecha},
-    {3, "Fecha_Fin_Entrega", Clase::kFecha},
-};
-constexpr Columna kNadSu[] = {{1, "GLN_Proveedor", Clase::kTexto}};
-constexpr Columna kNadBy[] = {
-    {1, "GLN_Cliente", Clase::kGln},         {5, "Nombre_Cliente", Clase::kTexto},
-    {6, "Direccion_Cliente", Clase::kTexto}, {7, "Localidad_Cliente", Clase::kTexto},
-    {8, "CP_Cliente", Clase::kTexto},        {9, "Nif_Cliente", Clase::kTexto},
-};
-constexpr Columna kNadDp[] = {
-    {1, "GLN_ClienteEntrega", Clase::kGln},         {3, "Nombre_ClienteEntrega", Clase::kTexto},
-    {4, "Direccion_ClienteEntrega", Clase::kTexto}, {5, "Localidad_ClienteEntrega", Clase::kTexto},
-    {6, "CP_ClienteEntrega", Clase::kTexto},
-};
-constexpr Columna kImdLin[] = {
-    {1, "Desc_Calificador", Clase::kTexto},
-    {2, "Desc_Caracteristica", Clase::kTexto},
-    {3, "Desc_Cod", Clase::kTexto},
-    {4, "Descripcion", Clase::kTexto},
-};
-constexpr Columna kQtyLin[] = {
-    {1, "Cantidad_Calificador", Clase::kTexto},
-    {2, "Cantidad", Clase::kNumero},
-    {3, "Cantidad_Medida", Clase::kTexto},
-};
-constexpr Columna kMoaLin[] = {{1, "Importe_Neto_Linea", Clase::kNumero}};
-constexpr Columna kMoaRes[] = {
-    {1, "Importe_Neto", Clase::kNumero},           {2, "Importe_Bruto", Clase::kNumero},
-    {3, "Importe_Impuestos", Clase::kNumero},      {4, "Importe_Pagar", Clase::kNumero},
-    {5, "Importe_Base_Imponible", Clase::kNumero},
-};
-constexpr Columna kCntRes[] = {
-    {1, "Bultos", Clase::kNumero},           {2, "Palets", Clase::kNumero},
-    {3, "Num_Articulos", Clase::kNumero},    {4, "Num_Lineas", Clase::kNumero},
-    {5, "Peso_Bruto_Total", Clase::kNumero},
-};
+using barras::Clase;
+using barras::Columna;
 
 /// A record that adds to the current order or to its current line.
 struct Registro {
@@ -71,9 +27,11 @@ struct Registro {
 };
 
 constexpr Registro kRegistros[] = {
-    {"DTM", false, kDtm},      {"NADSU", false, kNadSu},   {"NADBY", false, kNadBy},
-    {"NADDP", false, kNadDp},  {"IMDLIN", true, kImdLin},  {"QTYLIN", true, kQtyLin},
-    {"MOALIN", true, kMoaLin}, {"MOARES", false, kMoaRes}, {"CNTRES", false, kCntRes},
+    {"DTM", false, barras::orders::kDtm},       {"NADSU", false, barras::orders::kNadSu},
+    {"NADBY", false, barras::orders::kNadBy},   {"NADDP", false, barras::orders::kNadDp},
+    {"IMDLIN", true, barras::orders::kImdLin},  {"QTYLIN", true, barras::orders::kQtyLin},
+    {"MOALIN", true, barras::orders::kMoaLin},  {"MOARES", false, barras::orders::kMoaRes},
+    {"CNTRES", false, barras::orders::kCntRes},
 };
 
 /// A text as the database compares it: without regard to case and trailing blanks.

@@ -39,6 +39,8 @@ struct Argumentos {
   std::vector<ClaveFactura> claves;
 
   std::string fichero;
+  std::vector<std::string> ficheros;
+  bool enmascarar = false;
   std::string descripcion;
   std::string nombre;
 
@@ -77,6 +79,7 @@ std::span<const Opcion> OpcionesPedidosExportar();
 std::span<const Opcion> OpcionesOrdersGenerar();
 std::span<const Opcion> OpcionesRecadvGenerar();
 std::span<const Opcion> OpcionesDesadvInsertar();
+std::span<const Opcion> OpcionesComparar();
 std::span<const Opcion> OpcionesReprocesar();
 std::span<const Opcion> OpcionesApartar();
 std::span<const Opcion> OpcionesRecibidasListar();

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "host/cli/fallo.h"
+#include "host/cli/texto.h"
 #include "platform/sqlite/sqlite_connection.h"
 #ifdef KVRAEDI_ODBC
 #include "platform/odbc/odbc_connection.h"
@@ -28,7 +29,7 @@ std::string CadenaOdbc(std::string texto, Entorno& entorno) {
   if (texto == kOdbc) texto = DelEntorno();
   if (texto.starts_with(kOdbc)) texto.erase(0, kOdbc.size());
   if (texto.starts_with('@')) {
-    texto = entorno.ReadFile(std::u8string(texto.begin() + 1, texto.end()));
+    texto = entorno.ReadFile(RutaUtf8(std::string_view(texto).substr(1)));
     texto.erase(texto.find_last_not_of(" \t\r\n") + 1);
   }
   if (texto.empty() || texto.starts_with(kSqlite)) {

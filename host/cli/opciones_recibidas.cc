@@ -44,13 +44,23 @@ constexpr Opcion kImprimir[] = {
 
 constexpr Opcion kPendientes[] = {kJson};
 
+void PonerFichero(Argumentos& a, const std::string& v) { a.ficheros.push_back(NoVacio(v)); }
+
 constexpr Opcion kVer[] = {
-    {"FICHERO", "FICHERO", "Fichero INVOIC, de quien sea (obligatorio)",
-     [](Argumentos& a, const std::string& v) { a.fichero = NoVacio(v); }, true},
+    {"FICHERO", "FICHERO ...", "Ficheros que el componente escribe o lee (obligatorio)",
+     PonerFichero, true, true},
+    {"--enmascarar", "", "Oculta nombres, direcciones, NIF, cuentas y textos libres",
+     [](Argumentos& a, const std::string& /*v*/) { a.enmascarar = true; }},
+    {"--json", "", "Lo da en JSON", [](Argumentos& a, const std::string& /*v*/) { a.json = true; }},
+};
+
+constexpr Opcion kComparar[] = {
+    {"FICHERO", "A B", "Los dos ficheros (obligatorio)", PonerFichero, true, true},
 };
 
 }  // namespace
 
+std::span<const Opcion> OpcionesComparar() { return kComparar; }
 std::span<const Opcion> OpcionesRecibidasListar() { return kListar; }
 std::span<const Opcion> OpcionesRecibidasUna() { return kUna; }
 std::span<const Opcion> OpcionesRecibidasComentar() { return kComentar; }

@@ -8,6 +8,7 @@
 #include "host/cli/fallo.h"
 #include "host/cli/ordenes.h"
 #include "host/cli/sesion_cli.h"
+#include "host/cli/texto.h"
 #include "host/cli/ultima_identidad.h"
 #include "kvraedi/clsDesadv.h"
 
@@ -39,8 +40,8 @@ void EscribirCompras(Connection& conexion, std::int32_t desde, std::ostream& sal
 void EscribirLugar(Entorno& entorno, const std::filesystem::path& raiz, const std::string& nombre,
                    bool bien, std::ostream& salida) {
   salida << "Fichero: ";
-  const std::u8string fichero(nombre.begin(), nombre.end());
-  if (std::filesystem::path(fichero).filename().u8string() == fichero) {
+  const std::filesystem::path fichero = RutaUtf8(nombre);
+  if (fichero.filename() == fichero) {
     for (const char* carpeta : {"Rx", "OK", "Error"}) {
       const bool posible = bien == (std::string_view(carpeta) == "OK");
       if (!posible || !entorno.FileExists(raiz / carpeta / fichero)) continue;
@@ -57,7 +58,7 @@ int EjecutarDesadvInsertar(const Argumentos& argumentos, const Salida& salida) {
   SesionCli sesion(argumentos, salida.mensajes);
   Entorno& entorno = sesion.EntornoActual();
   const std::string raizTexto = sesion.Parametro("EDI_PathFichRecibir");
-  const std::filesystem::path raiz = std::u8string(raizTexto.begin(), raizTexto.end());
+  const std::filesystem::path raiz = RutaUtf8(raizTexto);
   const EntradasLog log(entorno, raiz / "OrmoPCCOM.log");
   const auto ultima = UltimaCompra(*sesion.Conexion());
   clsDesadv desadv;

@@ -8,6 +8,7 @@
 #include "host/cli/numeros.h"
 #include "host/cli/ordenes.h"
 #include "host/cli/sesion_cli.h"
+#include "host/cli/texto.h"
 #include "host/cli/ultima_identidad.h"
 #include "kvraedi/clsOrders.h"
 
@@ -16,10 +17,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-fs::path Ruta(const std::string& utf8) { return std::u8string(utf8.begin(), utf8.end()); }
-
 fs::path CarpetaOrders(const SesionCli& sesion) {
-  return Ruta(sesion.Parametro("EDI_PathFichRecibir")) / "ORDERS";
+  return RutaUtf8(sesion.Parametro("EDI_PathFichRecibir")) / "ORDERS";
 }
 
 std::vector<std::string> EnTemp(Entorno& entorno, const fs::path& carpeta) {
@@ -76,7 +75,7 @@ void EscribirLugares(Entorno& entorno, const fs::path& carpeta,
   if (nombres.empty()) salida << "  ninguno\n";
   for (const std::string& nombre : nombres) {
     for (const char* lugar : {"Temp", "OK", "Error"}) {
-      if (!entorno.FileExists(carpeta / lugar / Ruta(nombre))) continue;
+      if (!entorno.FileExists(carpeta / lugar / RutaUtf8(nombre))) continue;
       salida << "  " << lugar << ": " << nombre << '\n';
       break;
     }

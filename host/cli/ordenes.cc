@@ -57,7 +57,10 @@ std::span<const Orden> Ordenes() {
        EjecutarRecibidasImprimir},
       {"pendientes", "listar", "Lista los ficheros pendientes de clasificar",
        OpcionesPendientesListar(), EjecutarPendientesListar},
-      {"", "ver", "Muestra los campos de un fichero INVOIC", OpcionesVer(), EjecutarVer},
+      {"", "ver", "Muestra los campos de ficheros y lo que está mal en ellos", OpcionesVer(),
+       EjecutarVer},
+      {"", "comparar", "Compara dos ficheros, registro a registro y campo a campo",
+       OpcionesComparar(), EjecutarComparar},
       {"", "pantallas", "Abre las pantallas en una ventana", OpcionesPantallas(),
        EjecutarPantallas},
   });

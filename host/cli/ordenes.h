@@ -52,6 +52,7 @@ int EjecutarRecibidasComentar(const Argumentos& argumentos, const Salida& salida
 int EjecutarRecibidasVer(const Argumentos& argumentos, const Salida& salida);
 int EjecutarRecibidasImprimir(const Argumentos& argumentos, const Salida& salida);
 int EjecutarPendientesListar(const Argumentos& argumentos, const Salida& salida);
+int EjecutarComparar(const Argumentos& argumentos, const Salida& salida);
 int EjecutarVer(const Argumentos& argumentos, const Salida& salida);
 int EjecutarPantallas(const Argumentos& argumentos, const Salida& salida);
 

@@ -4,31 +4,10 @@
 #include <ostream>
 #include <vector>
 
+#include "host/cli/texto.h"
+
 namespace kvraedi::cli {
 namespace {
-
-void EscribirTextoJson(std::string_view texto, std::ostream& salida) {
-  constexpr std::string_view kHexadecimal = "0123456789abcdef";
-  salida << '"';
-  for (const char c : texto) {
-    const auto codigo = static_cast<unsigned char>(c);
-    if (c == '"' || c == '\\') {
-      salida << '\\' << c;
-    } else if (codigo < ' ') {
-      salida << "\\u00" << kHexadecimal[codigo >> 4U] << kHexadecimal[codigo & 0xfU];
-    } else {
-      salida << c;
-    }
-  }
-  salida << '"';
-}
-
-/// Characters of a UTF-8 text.
-std::size_t Anchura(std::string_view texto) {
-  return static_cast<std::size_t>(std::count_if(texto.begin(), texto.end(), [](char c) {
-    return (static_cast<unsigned char>(c) & 0xc0U) != 0x80U;
-  }));
-}
 
 using Anchuras = std::vector<std::size_t>;
 

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -61,6 +62,11 @@ class KVRAEDI_API DocumentoXml {
   virtual void Cargar(const std::filesystem::path& fichero) = 0;
   /// Text of the first element of that name, "" when there is none.
   virtual std::string LeerTexto(std::string_view nombre) const = 0;
+  /// Tells every element that holds no other, in the order of the document: its path below the root
+  /// ("Parties/SellerParty/..."), without prefixes of name spaces, and its text. Both are valid
+  /// during the call.
+  virtual void Recorrer(
+      const std::function<void(std::string_view ruta, std::string_view texto)>& recibir) const = 0;
 };
 
 /// The suite's own components, as far as this one calls them.

@@ -39,6 +39,23 @@ class EscritorPorBloques : public pugi::xml_writer {
   std::string bloque_;
 };
 
+using ReceptorElementos = std::function<void(std::string_view, std::string_view)>;
+
+void RecorrerNodo(pugi::xml_node nodo, std::string& ruta, const ReceptorElementos& recibir) {
+  bool tieneHijos = false;
+  for (const pugi::xml_node hijo : nodo.children()) {
+    if (hijo.type() != pugi::node_element) continue;
+    tieneHijos = true;
+    const std::string_view nombre = hijo.name();
+    const std::size_t antes = ruta.size();
+    if (!ruta.empty()) ruta += '/';
+    ruta += nombre.substr(nombre.find(':') + 1);
+    RecorrerNodo(hijo, ruta, recibir);
+    ruta.resize(antes);
+  }
+  if (!tieneHijos) recibir(ruta, nodo.text().get());
+}
+
 }  // namespace
 
 NodoXml DocumentoPugi::CrearRaiz(std::string_view nombre) {
@@ -94,6 +111,11 @@ std::string DocumentoPugi::LeerTexto(std::string_view nombre) const {
     return nodo.type() == pugi::node_element && nombre == nodo.name();
   });
   return elemento ? pugi::xpath_query("string()").evaluate_string(elemento) : std::string();
+}
+
+void DocumentoPugi::Recorrer(const ReceptorElementos& recibir) const {
+  std::string ruta;
+  RecorrerNodo(documento_.document_element(), ruta, recibir);
 }
 
 }  // namespace kvraedi::suite

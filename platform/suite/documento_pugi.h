@@ -24,6 +24,8 @@ class DocumentoPugi : public DocumentoXml {
   void Guardar(const std::filesystem::path& fichero, AccesoFichero acceso) override;
   void Cargar(const std::filesystem::path& fichero) override;
   std::string LeerTexto(std::string_view nombre) const override;
+  void Recorrer(const std::function<void(std::string_view ruta, std::string_view texto)>& recibir)
+      const override;
 
  private:
   Entorno& entorno_;
