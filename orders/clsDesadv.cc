@@ -7,13 +7,13 @@
 #include <utility>
 
 #include "frame/lector_texto.h"
-#include "frame/marca.h"
 #include "frame/puertos.h"
 #include "frame/sesion.h"
 #include "frame/transaccion.h"
 #include "orders/crear_compras.h"
 #include "orders/error_desadv.h"
 #include "orders/fichero_desadv.h"
+#include "orders/interrumpidos.h"
 #include "orders/lector_barras.h"
 #include "orders/leer_desadv.h"
 #include "orders/libro_recibidos.h"
@@ -35,24 +35,23 @@ class Insercion {
         fichero_(entorno_, raiz, fichero) {}
 
   void Ejecutar() {
-    const auto reserva = Turno();
-    if (!reserva) return;
+    if (!TomarTurno()) return;
     try {
       Procesar();
     } catch (const std::exception& error) {
       Fracasar(error);
       return;
     }
-    DescartarAntiguos();
+    Terminar();
   }
 
  private:
-  std::unique_ptr<FileHold> Turno();
+  bool TomarTurno();
   void Procesar();
   void Leer(const desadv::Tablas& tablas);
   void ComprobarInicio();
   void Fracasar(const std::exception& error);
-  void DescartarAntiguos();
+  void Terminar();
 
   void Anotar(std::string_view rutina, const std::string& texto) {
     log_->Escribir(0, rutina, texto);
@@ -65,6 +64,7 @@ class Insercion {
   std::filesystem::path raiz_;
   desadv::Fichero fichero_;
   std::unique_ptr<FicheroLog> log_;
+  std::unique_ptr<FileHold> marca_;
 };
 
 /// Does something whose failure may not stop what comes after it.
@@ -77,15 +77,14 @@ void Intentar(Cuerpo&& cuerpo) {
   }
 }
 
-/// The reception root for this run alone; null when it cannot be had: the file is left where it is.
-std::unique_ptr<FileHold> Insercion::Turno() {
+/// When it cannot be had the file is left where it is.
+bool Insercion::TomarTurno() {
   try {
-    return Reservar(entorno_, raiz_ / "DESADV.leyendo", "Los ficheros recibidos los está leyendo",
-                    kEsperaCarpeta);
+    marca_ = ReservarAvisos(raiz_);
   } catch (const Error& error) {
     AnotarFallo(std::string("Error: ") + error.what());
-    return nullptr;
   }
+  return marca_ != nullptr;
 }
 
 void Insercion::Procesar() {
@@ -100,11 +99,13 @@ void Insercion::Procesar() {
     desadv::Fallar("El contenido es el de " + antes->Texto());
   }
   Leer(tablas);
-  libro.Anotar(fichero_.Nombre(), desadv::CrearComprasMini(tablas, raiz_ / "OrmoPCCom.ini", *log_));
+  const auto compras = desadv::CrearComprasMini(tablas, raiz_ / "OrmoPCCom.ini", *log_);
+  libro.Anotar(fichero_.Nombre(), compras.albaranes);
   Anotar(kInsertar, "Moviendo Fichero a carpeta OK: " + fichero_.Nombre());
   fichero_.CopiarAOk();
   Anotar(kInsertar, "Eliminando Fichero de la carpeta Rx: " + fichero_.Nombre());
-  fichero_.BorrarDeRx();
+  AnotarAviso(*marca_, fichero_.Nombre(), compras.ultima);
+  fichero_.SacarDeRx();
   tablas.Borrar(conexion_);
   transaccion.Confirmar();
 }
@@ -150,11 +151,17 @@ void Insercion::Fracasar(const std::exception& error) {
     fichero_.Retirar();
   } catch (const std::exception& otro) {
     AnotarFallo(std::string("Error: ") + otro.what());
+    marca_->Leave();
   }
 }
 
-/// The purchases are made: a log that cannot be shortened undoes nothing.
-void Insercion::DescartarAntiguos() {
+/// The purchases are made: what fails from here on undoes nothing.
+void Insercion::Terminar() {
+  try {
+    fichero_.Soltar();
+  } catch (const Error&) {  // the next run knows what to do with it
+    marca_->Leave();
+  }
   constexpr std::int64_t kTreintaDias = std::int64_t{30} * 24 * 60 * 60;
   Intentar([&] { log_->DescartarAnteriores(entorno_.Now().PlusSeconds(-kTreintaDias)); });
 }

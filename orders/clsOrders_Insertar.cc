@@ -2,12 +2,12 @@
 #include <memory>
 
 #include "frame/accion.h"
-#include "frame/marca.h"
 #include "frame/puertos.h"
 #include "frame/sesion.h"
 #include "kvraedi/clsOrders.h"
 #include "kvraedi/error.h"
 #include "orders/crear_pedidos.h"
+#include "orders/interrumpidos.h"
 #include "orders/procesar_ficheros.h"
 
 namespace kvraedi {
@@ -33,12 +33,17 @@ bool clsOrders::Insertar() {
   std::unique_ptr<FileHold> reserva;  // for both passes
   const bool preparada = Accion("clsOrders:Insertar", [&] {
     carpeta = PrepararCarpeta();
-    reserva = Reservar(EntornoActual(), carpeta / "Temp" / "ORDERS.leyendo",
-                       "Los pedidos recibidos los está leyendo", kEsperaCarpeta);
+    reserva = ReservarPedidos(carpeta);
   });
   if (!preparada) return false;
   Accion("clsOrders:ProcesarFicheros", [&] { ProcesarFicheros(carpeta); });
-  Accion("clsOrders:CrearPedidosClientes", [&] { CrearPedidosClientes(carpeta); });
+  Accion("clsOrders:CrearPedidosClientes", [&] {
+    if (QuedanInterrumpidos(carpeta)) {
+      throw Error(kErrorFile, "kvraedi",
+                  "Hay un fichero a medio leer; vuelva a insertar los pedidos");
+    }
+    CrearPedidosClientes(carpeta);
+  });
   return true;
 }
 

@@ -126,7 +126,7 @@ void ComprobarAlbaran(const Albaran& albaran, FicheroLog& log) {
   if (albaran.fecha == FechaHora()) Fallar("El albarán " + albaran.numero + " no tiene fecha.");
 }
 
-void CrearCompra(const Albaran& albaran, const Tablas& tablas, std::int32_t proveedor) {
+CompraHecha CrearCompra(const Albaran& albaran, const Tablas& tablas, std::int32_t proveedor) {
   const auto& conexion = SesionActual().conexion;
   const auto compra = SuiteActual().NuevaCompraMini(conexion, SesionActual().empresa);
   compra->PonerCabecera({.ejercicio = albaran.fecha.year,
@@ -135,27 +135,30 @@ void CrearCompra(const Albaran& albaran, const Tablas& tablas, std::int32_t prov
                          .fecha = Hoy(),
                          .documento = albaran.numero,
                          .usuario = Entero<std::int16_t>(ParametroTexto("UsuarioActual"))});
-  compra->NuevoCodigo();
+  const std::int32_t codigo = compra->NuevoCodigo();
   for (const auto& linea : LeerLineas(albaran, tablas, *conexion)) compra->AgregarLinea(linea);
   compra->Guardar();
+  return {albaran.fecha.year, codigo, albaran.numero};
 }
 
 }  // namespace
 
-std::int32_t CrearComprasMini(const Tablas& tablas, const std::filesystem::path& ajustes,
-                              FicheroLog& log) {
+ComprasHechas CrearComprasMini(const Tablas& tablas, const std::filesystem::path& ajustes,
+                               FicheroLog& log) {
   log.Escribir(0, kRutina, "Inicio Creación CompraMini");
   const std::int32_t proveedor = ProveedorCentralizado(ajustes);
   Connection& conexion = ConexionActual();
   ComprobarCongruencia(tablas, conexion, log);
   auto albaranes = LeerAlbaranes(tablas, conexion);
   AnotarDesconocidos(tablas, conexion, log);
+  ComprasHechas hechas;
   for (Albaran& albaran : albaranes) {
     if (albaran.almacen == 0) BuscarAlmacen(albaran);
     ComprobarAlbaran(albaran, log);
-    CrearCompra(albaran, tablas, proveedor);
+    hechas.ultima = CrearCompra(albaran, tablas, proveedor);
+    ++hechas.albaranes;
   }
-  return static_cast<std::int32_t>(albaranes.size());
+  return hechas;
 }
 
 }  // namespace kvraedi::desadv

@@ -46,6 +46,7 @@ void Fichero::CopiarAError() { Copiar(entorno_.FileExists(EnRx()) ? EnRx() : Rut
 void Fichero::Retirar() {
   if (EstaEnOk()) entorno_.Delete(Ruta("OK"));
   if (entorno_.FileExists(EnRx())) BorrarDeRx();
+  if (entorno_.FileExists(RutaLeido(EnRx()))) Soltar();
 }
 
 }  // namespace kvraedi::desadv

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "kvraedi/entorno.h"
+#include "orders/interrumpidos.h"
 
 namespace kvraedi::desadv {
 
@@ -20,11 +21,14 @@ class Fichero {
 
   void CopiarAOk();
   void BorrarDeRx() { entorno_.Delete(EnRx()); }
+  /// Takes it out of Rx; until Soltar or Retirar it stays beside its place.
+  void SacarDeRx() { entorno_.Rename(EnRx(), RutaLeido(EnRx())); }
+  void Soltar() { entorno_.Delete(RutaLeido(EnRx())); }
 
   /// Whether it is in Rx or, through CopiarAOk, in OK.
   bool Esta() const;
   void CopiarAError();
-  /// Deletes it from OK, if CopiarAOk put it there, and from Rx.
+  /// Deletes it from OK, if CopiarAOk put it there, and from Rx or beside its place.
   void Retirar();
 
  private:

@@ -1,6 +1,7 @@
 #include "kvraedi/ficheros_recibidos.h"
 
 #include <filesystem>
+#include <memory>
 #include <string_view>
 
 #include "frame/puertos.h"
@@ -8,6 +9,7 @@
 #include "frame/sesion.h"
 #include "kvraedi/error.h"
 #include "orders/bitacora.h"
+#include "orders/interrumpidos.h"
 #include "orders/libro_recibidos.h"
 
 namespace kvraedi {
@@ -43,6 +45,12 @@ Lugares LugaresDe(TipoRecibido tipo, const std::string& fichero) {
           carpeta / "Log" / "ProcesarFicheros.log"};
 }
 
+/// No file is moved while another program takes files in.
+std::unique_ptr<FileHold> Turno(TipoRecibido tipo) {
+  const fs::path raiz = ParametroRuta("EDI_PathFichRecibir");
+  return tipo == TipoRecibido::kOrders ? ReservarPedidos(raiz / "ORDERS") : ReservarAvisos(raiz);
+}
+
 /// Where a file stands that was taken in, or that could not be.
 fs::path Origen(const Lugares& lugares) {
   Entorno& entorno = EntornoActual();
@@ -76,6 +84,7 @@ std::string ObjecionAReprocesar(TipoRecibido tipo, const std::string& fichero) {
 
 void ReprocesarFichero(TipoRecibido tipo, const std::string& fichero) {
   const Lugares lugares = LugaresDe(tipo, fichero);
+  const auto turno = Turno(tipo);
   const fs::path origen = Origen(lugares);
   Bitacora log(EntornoActual(), lugares.log, "ReprocesarFichero");
   LibroRecibidos libro(ConexionActual(), EntornoActual(), tipo);
@@ -86,6 +95,7 @@ void ReprocesarFichero(TipoRecibido tipo, const std::string& fichero) {
 
 void ApartarFichero(TipoRecibido tipo, const std::string& fichero) {
   const Lugares lugares = LugaresDe(tipo, fichero);
+  const auto turno = Turno(tipo);
   if (!EntornoActual().FileExists(lugares.espera)) {
     Fallar("Ningún fichero de ese nombre espera: " + TextoRuta(lugares.espera));
   }

@@ -76,7 +76,6 @@ class Lectura {
     if (pedido_.empty()) lector_.Rechazar(0, "se esperaba antes un pedido (ORD)");
   }
   void ComprobarPedido() const;
-  bool YaRecibido() const;
   void PonerValor(const Columna& columna);
   std::string Numero(std::size_t campo) const;
   std::string Fecha(const Columna& columna);
@@ -109,13 +108,6 @@ void Lectura::ComprobarPedido() const {
   }
 }
 
-bool Lectura::YaRecibido() const {
-  return conexion_
-             .Open(Sql("SELECT COUNT(*) AS Existe FROM EDI_PedidosClientes WHERE Doc_Num =",
-                       SqlTexto{pedido_}))
-             ->Get<std::int64_t>("Existe") > 0;
-}
-
 void Lectura::NuevoPedido() {
   TerminarPedido();
   ComprobarPedido();
@@ -123,7 +115,8 @@ void Lectura::NuevoPedido() {
   ++pedidos_;
   tieneEmision_ = false;
   lineas_.clear();
-  if (YaRecibido()) lector_.Rechazar(1, "se esperaba un pedido que no esté ya recibido");
+  if (PedidoRecibido(conexion_, pedido_))
+    lector_.Rechazar(1, "se esperaba un pedido que no esté ya recibido");
   sql_.clear();
   Poner("INSERT INTO EDI_PedidosClientes (Fichero, Doc_Num, Doc_Tipo, Doc_Funcion, Hora) VALUES (",
         SqlTexto{fichero_}, ", ", SqlTexto{pedido_}, ", ", SqlTexto{lector_.TextoLimpio(2)}, ", ",
@@ -244,6 +237,13 @@ void Lectura::Ejecutar() {
 bool EsInicioOrders(std::string_view linea) {
   linea = Recortar(linea);
   return linea == "ORDERS_D_96A_UN_EAN008" || linea == "ORDERS_D_93A_UN_EAN007";
+}
+
+bool PedidoRecibido(Connection& conexion, std::string_view numero) {
+  return conexion
+             .Open(Sql("SELECT COUNT(*) AS Existe FROM EDI_PedidosClientes WHERE Doc_Num =",
+                       SqlTexto{numero}))
+             ->Get<std::int64_t>("Existe") > 0;
 }
 
 std::int32_t LeerPedidos(LectorBarras& lector, const std::string& fichero, Connection& conexion,

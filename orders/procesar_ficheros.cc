@@ -10,6 +10,7 @@
 #include "frame/sesion.h"
 #include "frame/transaccion.h"
 #include "orders/bitacora.h"
+#include "orders/interrumpidos.h"
 #include "orders/leer_pedidos.h"
 #include "orders/libro_recibidos.h"
 
@@ -30,8 +31,8 @@ bool EsOrders(Entorno& entorno, const std::filesystem::path& fichero) {
   return EsInicioOrders(linea);
 }
 
-/// A file that goes from Temp to another folder: the copy comes before the deletion. Unless it is
-/// confirmed it is brought back.
+/// A file that goes from Temp to OK: the copy comes before it is taken out. Until it is confirmed
+/// it stays beside its place, and unless it is, it is brought back.
 class Traslado {
  public:
   Traslado(Entorno& entorno, Bitacora& log, const std::filesystem::path& carpeta,
@@ -40,6 +41,7 @@ class Traslado {
         log_(log),
         nombre_(nombre),
         origen_(carpeta / "Temp" / RutaDe(nombre)),
+        leido_(RutaLeido(origen_)),
         destino_(carpeta / "OK" / RutaDe(nombre)) {}
   ~Traslado() {
     if (copiado_) Deshacer();
@@ -51,13 +53,16 @@ class Traslado {
     entorno_.Copy(origen_, destino_);
     copiado_ = true;
   }
-  void Borrar() { entorno_.Delete(origen_); }
-  void Confirmar() { copiado_ = false; }
+  void Sacar() { entorno_.Rename(origen_, leido_); }
+  void Confirmar() {
+    copiado_ = false;
+    entorno_.Delete(leido_);
+  }
 
  private:
   void Deshacer() noexcept {
     try {
-      if (!entorno_.FileExists(origen_)) entorno_.Copy(destino_, origen_);
+      if (!entorno_.FileExists(origen_)) entorno_.Rename(leido_, origen_);
       entorno_.Delete(destino_);
     } catch (const std::exception& error) {
       log_.AnotarFallo("El fichero no se ha leído y hay una copia en la carpeta OK: " + nombre_ +
@@ -69,6 +74,7 @@ class Traslado {
   Bitacora& log_;
   const std::string& nombre_;
   std::filesystem::path origen_;
+  std::filesystem::path leido_;
   std::filesystem::path destino_;
   bool copiado_ = false;
 };
@@ -148,7 +154,7 @@ void Proceso::Leer(const std::string& nombre) {
   Traslado traslado(entorno_, log_, carpeta_, nombre);
   traslado.Copiar();
   log_.Anotar("Eliminando Fichero de la carpeta Temp: " + nombre);
-  traslado.Borrar();
+  traslado.Sacar();
   transaccion.Confirmar();
   traslado.Confirmar();
 }

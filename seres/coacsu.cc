@@ -1,5 +1,9 @@
+#include <memory>
+#include <string>
+
 #include "frame/accion.h"
 #include "frame/marca.h"
+#include "frame/numero.h"
 #include "frame/puertos.h"
 #include "frame/sesion.h"
 #include "seres/consultas_coacsu.h"
@@ -8,6 +12,19 @@
 
 namespace kvraedi {
 namespace {
+
+constexpr const char* kLongitud = "longitud";
+
+/// The file for this terminal alone, without what an interrupted run wrote.
+std::unique_ptr<FileHold> ReservarFichero(Entorno& entorno) {
+  auto marca = FicheroCoacsu();
+  return Reservar(entorno, marca += ".escribiendo", "El fichero COACSU lo está escribiendo",
+                  kEsperaBreve, [&](const Notas& notas) {
+                    const std::string longitud = notas[kLongitud];
+                    if (longitud.empty() || !entorno.FileExists(FicheroCoacsu())) return;
+                    entorno.Truncate(FicheroCoacsu(), Entero<std::int64_t>(longitud));
+                  });
+}
 
 /// The message of the summary invoice on which the recordset stands, with the delivery lines of
 /// the whole selection.
@@ -30,10 +47,9 @@ bool ProcesarFacturasCoacsu(std::int16_t cliente, const std::string& fechaInicia
   const bool procesado = Accion("clsSeres:ProcesarFacturasCoacsu", [&] {
     const coacsu::Seleccion seleccion{cliente, fechaInicial, fechaFinal};
     Entorno& entorno = EntornoActual();
-    auto enUso = FicheroCoacsu();
-    const auto reserva = Reservar(entorno, enUso += ".escribiendo",
-                                  "El fichero COACSU lo está escribiendo", kEsperaBreve);
+    const auto marca = ReservarFichero(entorno);
     const auto resumen = ConexionActual().Open(coacsu::ConsultaResumen(seleccion));
+    Anotar(*marca, {{kLongitud, std::to_string(entorno.FileSize(FicheroCoacsu()))}});
     EscritorTexto fichero(entorno.Append(FicheroCoacsu()));
     coacsu::EscribirRectl(fichero, entorno.Now());
     for (; !resumen->Eof(); resumen->MoveNext()) {

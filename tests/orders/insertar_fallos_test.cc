@@ -90,20 +90,27 @@ TEST_F(InsertarConFallos, LoQueNoSePuedeDevolverSeDice) {
   class SinVuelta : public EntornoWrapper {
    public:
     using EntornoWrapper::EntornoWrapper;
-    void Copy(const std::filesystem::path& from, const std::filesystem::path& to) override {
-      if (to.parent_path().filename() == "Temp") throw Error(kErrorFile, "prueba", "Disco lleno");
-      EntornoWrapper::Copy(from, to);
+    void Rename(const std::filesystem::path& from, const std::filesystem::path& to) override {
+      if (to.extension() == ".dat") throw Error(kErrorFile, "prueba", "Disco lleno");
+      EntornoWrapper::Rename(from, to);
     }
   } sinVuelta(entorno);
   InstalarAdaptadores({.entorno = &sinVuelta, .toolkit = &toolkit, .suite = &suite});
   conexion->fallo.FallarEn(10);  // the commit
   EXPECT_TRUE(clsOrders().Insertar());
-  EXPECT_EQ(Avisos(), "clsOrders:ProcesarFicheros: Conexión perdida\n");
+  EXPECT_EQ(Avisos(),
+            "clsOrders:ProcesarFicheros: Conexión perdida\nclsOrders:CrearPedidosClientes: Hay un "
+            "fichero a medio leer; vuelva a insertar los pedidos\n");
   EXPECT_EQ(Donde("1.dat"), "OK");
   EXPECT_NE(
       Registro("ProcesarFicheros")
           .find("El fichero no se ha leído y hay una copia en la carpeta OK: 1.dat: Disco lleno"),
       std::string::npos);
+  InstalarAdaptadores({.entorno = &entorno, .toolkit = &toolkit, .suite = &suite});
+  Dejar("1.dat", Contenido(1));  // another one of its name
+  EXPECT_TRUE(clsOrders().Insertar());
+  EXPECT_EQ(Filas("EDI_Doc_Num", "Pedidos_Clientes ORDER BY EDI_Doc_Num"), "1\n2\n");
+  EXPECT_EQ(Donde("1_1.dat"), "OK");
 }
 
 }  // namespace

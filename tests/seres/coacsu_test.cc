@@ -125,7 +125,7 @@ TEST_F(CoacsuTest, AnyFailingOperationEndsTheRun) {
   ASSERT_TRUE(Procesar());
   const int operaciones = entorno.fallo.Operaciones();
   const int sentencias = conexion->fallo.Operaciones();
-  ASSERT_EQ(operaciones, 4);
+  ASSERT_EQ(operaciones, 5);
   ASSERT_EQ(sentencias, 2);
   for (int k = 1; k <= sentencias; ++k) {
     conexion->fallo.FallarEn(k);
