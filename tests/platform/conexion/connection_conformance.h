@@ -6,6 +6,8 @@
 #include <map>
 #include <memory>
 #include <string>
+#include <tuple>
+#include <vector>
 
 #include "kvraedi/conexion.h"
 
@@ -21,10 +23,26 @@ struct Adapter {
   std::map<std::string, std::string> cannot = {};
 };
 
+/// A section of promesas.sql, or of a file of its form.
+struct Promise {
+  std::string name;
+  std::vector<std::string> lines;
+};
+
+std::vector<Promise> Promises(const char* path = KVRAEDI_PROMESAS);
+
+inline void PrintTo(const Promise& promise, std::ostream* out) { *out << promise.name; }
 inline void PrintTo(const Adapter& adapter, std::ostream* out) { *out << adapter.name; }
 
-/// What every Connection must do. A test program compiles connection_conformance.cc and names its
-/// adapters with INSTANTIATE_TEST_SUITE_P.
+/// What the databases that the component runs on must do with its statements.
+class DatabasePromises : public testing::TestWithParam<std::tuple<Adapter, Promise>> {};
+
+inline std::string NameOfPromise(const testing::TestParamInfo<DatabasePromises::ParamType>& info) {
+  return std::get<Promise>(info.param).name;
+}
+
+/// What every Connection must do, whatever its database. A test program compiles
+/// connection_conformance.cc and names its adapters with INSTANTIATE_TEST_SUITE_P.
 class ConnectionConformance : public testing::TestWithParam<Adapter> {
  protected:
   void SetUp() override;

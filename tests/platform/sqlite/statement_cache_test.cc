@@ -94,12 +94,5 @@ TEST_F(StatementCacheTest, ThousandsOfLiteralsAreTaken) {
   EXPECT_TRUE(Kept().empty());
 }
 
-TEST_F(StatementCacheTest, OneStatementAtATime) {
-  for (const char* sql : {"", " ; ", "-- nada", "DELETE FROM T; DELETE FROM T", "DELETE FROM T\1",
-                          "SELECT 'a", "SELECT [a", "SELECT 1 /* x"}) {
-    EXPECT_NE(DescriptionOf([&] { db_->Execute(sql); }), "") << sql;
-  }
-}
-
 }  // namespace
 }  // namespace kvraedi::sqlite
