@@ -1,6 +1,7 @@
 #include "tests/platform/qt/frmMuestra.h"
 
 #include <array>
+#include <sstream>
 
 #include "kvraedi/error.h"
 #include "kvraedi/ui/toolkit.h"
@@ -127,26 +128,19 @@ void frmMuestra::Elegir() {
   lblEstado.SetCaption("Elegido: " + hija->elegido);
 }
 
-std::vector<std::string> frmMuestra::Retrato() const {
-  std::vector<std::string> retrato = {
-      txtNombre.Text(),
-      txtFecha.Text(),
-      txtNumero.Text(),
-      txtCliente.Text(),
-      cboClase.ListIndex() < 0 ? ""
-                               : cboClase.Items()[static_cast<std::size_t>(cboClase.ListIndex())],
-      chkTodas.Value() ? "todas" : "",
-      lblEstado.Caption(),
-      ActiveControl() == nullptr ? "" : ActiveControl()->Name(),
-      "fila " + std::to_string(vsLineas.Row())};
-  for (int fila = 0; fila < vsLineas.Rows(); ++fila) {
-    std::string texto;
-    for (int columna = 0; columna < vsLineas.Cols(); ++columna) {
-      texto.append(vsLineas.Cell(fila, columna)).append(";");
-    }
-    retrato.push_back(texto);
+std::string frmMuestra::Retrato() const {
+  int marcadas = 0;
+  int excluidas = 0;
+  for (int fila = 1; fila < vsLineas.Rows(); ++fila) {
+    marcadas += vsLineas.IsSet(fila, kMarca) ? 1 : 0;
+    excluidas += vsLineas.IsSet(fila, kExcluida) ? 1 : 0;
   }
-  return retrato;
+  std::ostringstream retrato;
+  retrato << txtNombre.Text() << ';' << txtFecha.Text() << ';' << txtNumero.Text() << ';'
+          << txtCliente.Text() << ';' << cboClase.Text() << ';' << ActiveControl()->Name()
+          << "; fila " << vsLineas.Row() << " de " << vsLineas.Rows() - 1 << ", " << marcadas
+          << " marcadas, " << excluidas << " excluidas";
+  return retrato.str();
 }
 
 }  // namespace kvraedi::prueba

@@ -25,8 +25,8 @@ class frmMuestra : public ui::Form {
   /// Columns of vsLineas.
   enum { kMarca, kNumero, kCodigo, kNombre, kClave, kExcluida, kColumnas };
   void AnadirLineas(int cuantas);
-  /// Everything a user could read on the form, and where the focus is.
-  std::vector<std::string> Retrato() const;
+  /// The fields, the control in use, the row in use, and how many are marked.
+  std::string Retrato() const;
 
   ui::Label lblNombre{*this, "lblNombre", "Nombre & apellidos:"};
   ui::TextBox txtNombre{*this, "txtNombre"};

@@ -6,6 +6,7 @@
 #include <QHeaderView>
 #include <QLineEdit>
 #include <QMessageBox>
+#include <QMetaEnum>
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
@@ -15,21 +16,6 @@
 
 namespace kvraedi::prueba {
 namespace {
-
-ui::Icon Icono(QMessageBox::Icon icon) {
-  switch (icon) {
-    case QMessageBox::Information:
-      return ui::Icon::kInformation;
-    case QMessageBox::Warning:
-      return ui::Icon::kExclamation;
-    case QMessageBox::Critical:
-      return ui::Icon::kCritical;
-    case QMessageBox::Question:
-      return ui::Icon::kQuestion;
-    default:
-      return ui::Icon::kNone;
-  }
-}
 
 template <class T>
 T& Busco(const ui::Form& form, const std::string& nombre) {
@@ -126,7 +112,8 @@ void UsuarioQt::Vigila() {
 }
 
 void UsuarioQt::Contesta(QMessageBox& box) {
-  Apunta(box.windowTitle().toStdString(), box.text().toStdString(), Icono(box.icon()));
+  const QString icono = QMetaEnum::fromType<QMessageBox::Icon>().valueToKey(box.icon());
+  mensajes_.push_back((box.windowTitle() + "|" + box.text() + "|" + icono).toStdString());
   if (box.button(QMessageBox::Yes) == nullptr || respuestas_.empty()) {
     QTest::keyClick(&box, Qt::Key_Return);
     return;
