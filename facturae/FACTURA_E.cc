@@ -1,9 +1,12 @@
 #include <filesystem>
 #include <memory>
+#include <optional>
 #include <string>
+#include <utility>
 
 #include "facturae/certificado.h"
 #include "facturae/documento.h"
+#include "facturae/envio_dudoso.h"
 #include "facturae/firma.h"
 #include "facturae/modFactura_E.h"
 #include "facturae/registro_envio.h"
@@ -13,6 +16,7 @@
 #include "frame/fichero_provisional.h"
 #include "frame/formato.h"
 #include "frame/marca.h"
+#include "frame/peticion_firma.h"
 #include "frame/puertos.h"
 #include "frame/ruta.h"
 #include "frame/sesion.h"
@@ -53,25 +57,8 @@ Carpetas PrepararCarpetas(const Encargo& encargo) {
   return carpetas;
 }
 
-/// The invoice for this terminal alone, while it is sent. Of an invoice that is known as pending, a
-/// signed document may be that of a delivery that failed; only then it is asked for its sending.
-std::unique_ptr<FileHold> ReservarFactura(const Encargo& encargo, const Carpetas& carpetas) {
-  if (encargo.exportar) return nullptr;
-  const auto& clave = encargo.clave;
-  const std::string identificador =
-      facturae::IdentificadorDocumento(EmpresaActual().CodigoEmpresa(), clave);
-  const std::string nombre =
-      clave.EsTicket()
-          ? "La factura del ticket " + std::to_string(clave.codigoFT)
-          : "La factura " + std::to_string(clave.serie) + "/" + std::to_string(clave.codigo);
-  auto reserva = Reservar(EntornoActual(), carpetas.sinFirmar / (identificador + ".enviando"),
-                          nombre + " la está enviando", kEsperaBreve);
-  if (encargo.pendiente &&
-      EntornoActual().FileExists(carpetas.firmado / (identificador + ".xsig")) &&
-      facturae::TieneEnvio(clave)) {
-    ThrowYaEnviada(nombre);
-  }
-  return reserva;
+fs::path RutaSinFirmar(const Carpetas& carpetas, const std::string& documento) {
+  return carpetas.sinFirmar / (documento + "_sinFirmar.xml");
 }
 
 /// The document gets its name when it is whole.
@@ -92,7 +79,7 @@ std::string RegistrarEnvio(const ClaveDocumento& clave, const RespuestaFirma& re
                            const fs::path& sinFirmar) {
   const auto datos = respuesta.Registro();
   const std::string insercion = facturae::InsertarEnvio(clave, facturae::Estado(), datos);
-  EntornoActual().Delete(sinFirmar);
+  if (EntornoActual().FileExists(sinFirmar)) EntornoActual().Delete(sinFirmar);
   ConexionActual().Execute(facturae::BorrarEnvios(clave));
   ConexionActual().Execute(insercion);
   return " Código Registro: " + datos.registro + " Código Seguimiento: " + datos.seguimiento +
@@ -140,20 +127,106 @@ void AvisarPeticion(const fs::path& peticion) {
          "¡ Atención !", ui::Icon::kExclamation);
 }
 
+std::string NombreFactura(const ClaveDocumento& clave) {
+  return clave.EsTicket()
+             ? "La factura del ticket " + std::to_string(clave.codigoFT)
+             : "La factura " + std::to_string(clave.serie) + "/" + std::to_string(clave.codigo);
+}
+
+/// One sending, from the moment when the invoice is this terminal's alone.
+class Envio {
+ public:
+  Envio(const Encargo& encargo, const Carpetas& carpetas, fs::path trabajo)
+      : encargo_(encargo),
+        carpetas_(carpetas),
+        trabajo_(std::move(trabajo)),
+        nombre_(NombreFactura(encargo.clave)),
+        documento_(
+            facturae::IdentificadorDocumento(EmpresaActual().CodigoEmpresa(), encargo.clave)),
+        rutaMarca_(carpetas.sinFirmar / (documento_ + ".enviando")) {}
+
+  /// True when an interrupted sending only had to be recorded, which has been done. Raises when
+  /// the invoice is being sent, has been sent, or is left in doubt.
+  bool Reservar();
+  FileHold& Marca() { return *marca_; }
+  const fs::path& RutaMarca() const { return rutaMarca_; }
+
+ private:
+  void Atender(const Notas& notas);
+  bool YaEnviada() const;
+
+  const Encargo& encargo_;
+  const Carpetas& carpetas_;
+  fs::path trabajo_;
+  std::string nombre_;
+  std::string documento_;
+  fs::path rutaMarca_;
+  std::unique_ptr<FileHold> marca_;
+  bool registrada_ = false;
+  bool consta_ = false;
+};
+
+bool Envio::Reservar() {
+  facturae::RecogerFirmaInterrumpida(trabajo_);
+  marca_ = kvraedi::Reservar(EntornoActual(), rutaMarca_, nombre_ + " la está enviando",
+                             kEsperaBreve, [this](const Notas& notas) { Atender(notas); });
+  if (!registrada_ && encargo_.pendiente && YaEnviada()) ThrowYaEnviada(nombre_);
+  return registrada_;
+}
+
+void Envio::Atender(const Notas& notas) {
+  const auto queda = facturae::ResolverInterrumpido(notas, nombre_);
+  consta_ = queda == facturae::Pendiente::kRegistrado;
+  if (queda != facturae::Pendiente::kRegistrar) return;
+  auto& estado = facturae::Estado();
+  estado.identificadorLote = documento_;
+  estado.revisionUsada = facturae::RevisionAnotada(notas);
+  registrada_ = Concluir(encargo_, facturae::RespuestaAnotada(notas),
+                         RutaSinFirmar(carpetas_, documento_), trabajo_);
+}
+
+/// Of an invoice that is known as pending, a signed document may be that of a delivery that failed;
+/// only then it is asked for its sending.
+bool Envio::YaEnviada() const {
+  return consta_ || (EntornoActual().FileExists(carpetas_.firmado / (documento_ + ".xsig")) &&
+                     facturae::TieneEnvio(encargo_.clave));
+}
+
+/// Signs, and sends unless `envio` is null.
+bool FirmarDocumento(const Encargo& encargo, const Carpetas& carpetas, const fs::path& trabajo,
+                     const facturae::Certificado& certificado, DocumentoXml& xml, Envio* envio) {
+  const auto& estado = facturae::Estado();
+  const fs::path sinFirmar = RutaSinFirmar(carpetas, estado.identificadorLote);
+  const fs::path salida = trabajo / kRespuestaFirma;
+  const auto firmador = facturae::ReservarFirmador(trabajo);
+  facturae::FicheroSecreto entrada(EntornoActual(), trabajo / kPeticionFirma);
+  facturae::PrepararFirma(xml, entrada, salida,
+                          {sinFirmar, carpetas.firmado / (estado.identificadorLote + ".xsig"),
+                           certificado, encargo.exportar, estado.emailEmisor});
+  if (envio != nullptr) {
+    facturae::AnotarFirma(envio->Marca(), *firmador, envio->RutaMarca(), estado);
+  }
+  const RespuestaFirma respuesta = facturae::Firmar(xml, entrada, salida);
+  if (envio != nullptr) facturae::AnotarRespuesta(envio->Marca(), respuesta);
+  const bool conforme = Concluir(encargo, respuesta, sinFirmar, trabajo);
+  if (!entrada.Retirar()) AvisarPeticion(entrada.Ruta());
+  return conforme;
+}
+
 bool Generar(const Encargo& encargo) {
   const Carpetas carpetas = PrepararCarpetas(encargo);
-  const auto reserva = ReservarFactura(encargo, carpetas);
   CarpetaAnexos anexos(EntornoActual());
   anexos.Crear();
   const fs::path trabajo = anexos.Ruta().parent_path();
+  std::optional<Envio> envio;
+  if (!encargo.exportar && envio.emplace(encargo, carpetas, trabajo).Reservar()) return true;
   auto& estado = facturae::Estado();
   const auto xml = SuiteActual().NuevoDocumentoXml(EntornoActual());
   facturae::ConstruirDocumento(estado, *xml, encargo.cliente, encargo.clave, encargo.revision);
   if (estado.identificadorLote.empty()) {  // nothing of it may be signed, let alone delivered
     throw Error(kErrorItemNotFound, "modFactura_E", "La factura no está en la base de datos");
   }
-  const fs::path sinFirmar = carpetas.sinFirmar / (estado.identificadorLote + "_sinFirmar.xml");
-  GuardarDocumento(*xml, sinFirmar);
+  GuardarDocumento(*xml, RutaSinFirmar(carpetas, estado.identificadorLote));
 
   const auto certificado = facturae::ElegirCertificado(encargo.clave.serie);
   if (certificado.ruta.empty()) {
@@ -161,17 +234,7 @@ bool Generar(const Encargo& encargo) {
            ui::Icon::kInformation);
     return false;
   }
-  // Request and answer have one name for all programs under a profile.
-  const auto turno = Reservar(EntornoActual(), trabajo / "firmador.ocupado",
-                              "El firmador lo está usando", kEsperaCarpeta);
-  facturae::FicheroSecreto entrada(EntornoActual(), trabajo / "entrada.xml");
-  const RespuestaFirma respuesta =
-      facturae::Firmar(*xml, entrada, trabajo / "salida.xml",
-                       {sinFirmar, carpetas.firmado / (estado.identificadorLote + ".xsig"),
-                        certificado, encargo.exportar, estado.emailEmisor});
-  const bool conforme = Concluir(encargo, respuesta, sinFirmar, trabajo);
-  if (!entrada.Retirar()) AvisarPeticion(entrada.Ruta());
-  return conforme;
+  return FirmarDocumento(encargo, carpetas, trabajo, certificado, *xml, envio ? &*envio : nullptr);
 }
 
 }  // namespace

@@ -30,22 +30,6 @@ void EscribirPeticion(DocumentoXml& xml, const PeticionFirma& peticion, const fs
   xml.Guardar(fichero, AccesoFichero::kSoloPropietario);
 }
 
-/// The answer, or what was left instead of one. An "OK" that is not where it belongs is no empty
-/// answer: the invoice may be delivered.
-RespuestaFirma LeerRespuesta(DocumentoXml& xml, const fs::path& fichero) {
-  Entorno& entorno = EntornoActual();
-  RespuestaFirma bruta(entorno.FileExists(fichero) ? entorno.ReadFile(fichero) : "");
-  if (bruta.Vacia()) return bruta;
-  try {
-    xml.Cargar(fichero);
-  } catch (const Error& error) {
-    return {bruta.Texto(), error.Description()};
-  }
-  RespuestaFirma respuesta(xml.LeerTexto("nombre"));
-  if (!respuesta.Vacia() || bruta.Texto().find("OK") == std::string::npos) return respuesta;
-  return {bruta.Texto(), "El fichero " + TextoRuta(fichero) + " no lleva el elemento «nombre»"};
-}
-
 }  // namespace
 
 FicheroSecreto::FicheroSecreto(Entorno& entorno, fs::path ruta)
@@ -62,11 +46,29 @@ bool FicheroSecreto::Retirar() noexcept {
   }
 }
 
-RespuestaFirma Firmar(DocumentoXml& xml, FicheroSecreto& entrada, const fs::path& salida,
-                      const PeticionFirma& peticion) {
+/// An "OK" that is not where it belongs is no empty answer: the invoice may be delivered.
+RespuestaFirma LeerRespuesta(DocumentoXml& xml, const fs::path& fichero) {
   Entorno& entorno = EntornoActual();
+  RespuestaFirma bruta(entorno.FileExists(fichero) ? entorno.ReadFile(fichero) : "");
+  if (bruta.Vacia()) return bruta;
+  try {
+    xml.Cargar(fichero);
+  } catch (const Error& error) {
+    return {bruta.Texto(), error.Description()};
+  }
+  RespuestaFirma respuesta(xml.LeerTexto("nombre"));
+  if (!respuesta.Vacia() || bruta.Texto().find("OK") == std::string::npos) return respuesta;
+  return {bruta.Texto(), "El fichero " + TextoRuta(fichero) + " no lleva el elemento «nombre»"};
+}
+
+void PrepararFirma(DocumentoXml& xml, const FicheroSecreto& entrada, const fs::path& salida,
+                   const PeticionFirma& peticion) {
   EscribirPeticion(xml, peticion, entrada.Ruta());
-  if (entorno.FileExists(salida)) entorno.Delete(salida);
+  if (EntornoActual().FileExists(salida)) EntornoActual().Delete(salida);
+}
+
+RespuestaFirma Firmar(DocumentoXml& xml, FicheroSecreto& entrada, const fs::path& salida) {
+  Entorno& entorno = EntornoActual();
   EsperaProceso(
       entorno.Start(entorno.ComponentFolder() / ".." / "EDI" / "FacturaE" / "FirmadorPortal"));
   entrada.Retirar();

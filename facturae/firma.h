@@ -36,11 +36,17 @@ class FicheroSecreto {
   std::filesystem::path ruta_;
 };
 
-/// Has a document signed: writes the request, starts the signing program and waits until it ends.
-/// The request, which holds the password, is there for its owner only and no longer than that; that
-/// it could not be removed keeps nobody from reading the answer. The answer lies in `salida`; none
-/// is the empty one.
+/// Writes the request, which holds the password and is there for its owner only, and removes an
+/// answer that lies in `salida`.
+void PrepararFirma(DocumentoXml& xml, const FicheroSecreto& entrada,
+                   const std::filesystem::path& salida, const PeticionFirma& peticion);
+/// Has the document signed: starts the signing program, waits until it ends and removes the
+/// request; that it could not be removed keeps nobody from reading the answer. No answer is the
+/// empty one.
 RespuestaFirma Firmar(DocumentoXml& xml, FicheroSecreto& entrada,
-                      const std::filesystem::path& salida, const PeticionFirma& peticion);
+                      const std::filesystem::path& salida);
+
+/// The answer that lies in `salida`, or what was left instead of one.
+RespuestaFirma LeerRespuesta(DocumentoXml& xml, const std::filesystem::path& salida);
 
 }  // namespace kvraedi::facturae

@@ -34,6 +34,12 @@ std::string ClaveTicket(const ClaveDocumento& clave, const std::string& fecha) {
              SqlTexto{fecha}, ", ", clave.codigoFT);
 }
 
+std::string FicheroFirmado(const std::string& documento) { return documento + ".xsig"; }
+
+std::string NumeroDe(const DatosRegistro& datos) {
+  return datos.registro + " - " + datos.seguimiento;
+}
+
 /// Codes of the receiving service in one column. One that is too long must show before the earlier
 /// record is deleted: the database would tell only afterwards.
 SqlTexto NumeroRegistro(const std::string& numero) {
@@ -62,6 +68,13 @@ bool TieneEnvio(const ClaveDocumento& clave) {
   return !ConexionActual().Open(ConsultaRevision(clave, EmpresaActual().CodigoEmpresa()))->Eof();
 }
 
+std::string ConsultaRegistro(const std::string& documento, const DatosRegistro& datos) {
+  const std::string fichero = FicheroFirmado(documento);
+  const std::string numero = NumeroDe(datos);
+  return Sql("SELECT EDIFichero FROM EDI_Envio_Facturas WHERE EDIFichero = ", SqlTexto{fichero},
+             " AND EDINumeroRegistro = ", SqlTexto{numero});
+}
+
 std::string BorrarEnvios(const ClaveDocumento& clave) {
   const std::int16_t empresa = EmpresaActual().CodigoEmpresa();
   if (clave.EsTicket()) {
@@ -81,7 +94,8 @@ std::string BorrarEnvios(const ClaveDocumento& clave) {
 
 std::string InsertarEnvio(const ClaveDocumento& clave, const EstadoFacturaE& estado,
                           const DatosRegistro& datos) {
-  const std::string numero = datos.registro + " - " + datos.seguimiento;
+  const std::string numero = NumeroDe(datos);
+  const std::string fichero = FicheroFirmado(estado.identificadorLote);
   return Sql(clave.EsTicket()
                  ? "INSERT INTO EDI_Envio_Facturas (Cod_EDIPlat, Cod_EDITipoMsg, IdentificadorMsg,"
                    " Hora, Cod_Empresa_FT, Cod_Almacen_FT, Caja_FT, Fecha_FT, Codigo_FT, Copias,"
@@ -91,8 +105,8 @@ std::string InsertarEnvio(const ClaveDocumento& clave, const EstadoFacturaE& est
                    " EDIFichero, EDINumeroRegistro, EDIFechaRegistro, Revision) ",
              " VALUES (3 , 1,", estado.identificadorLote, ", GETDATE(), ",
              clave.EsTicket() ? ClaveTicket(clave, FechaTexto(clave.fechaFT)) : ClaveFactura(clave),
-             ", 1, ", SqlTexto{estado.identificadorLote + ".xsig"}, ", ", NumeroRegistro(numero),
-             ", ", SqlTexto{FechaTexto(datos.fecha)}, ", ", estado.revisionUsada, ")");
+             ", 1, ", SqlTexto{fichero}, ", ", NumeroRegistro(numero), ", ",
+             SqlTexto{FechaTexto(datos.fecha)}, ", ", estado.revisionUsada, ")");
 }
 
 }  // namespace kvraedi::facturae

@@ -26,6 +26,8 @@ class RegistroRespuestas {
 /// Whether the document has been sent through this platform.
 bool TieneEnvio(const ClaveDocumento& clave);
 
+/// A row when a sending of that document was recorded with what the service gave for it.
+std::string ConsultaRegistro(const std::string& documento, const DatosRegistro& datos);
 /// The statement that removes every earlier sending of the document, whatever its platform.
 std::string BorrarEnvios(const ClaveDocumento& clave);
 /// The statement that records the sending of the document that `estado` describes.

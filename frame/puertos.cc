@@ -4,6 +4,7 @@
 
 #include "frame/clsView.h"
 #include "frame/modMsgOp.h"
+#include "frame/peticion_firma.h"
 #include "kvraedi/conexion.h"
 #include "kvraedi/empresa.h"
 
@@ -47,6 +48,7 @@ void InstalarAdaptadores(const Adaptadores& adaptadores) {
   CerrarMsgOp();
   CerrarVistaPrevia();
   Instalados() = adaptadores;
+  if (adaptadores.entorno != nullptr) BorrarPeticionAbandonada(*adaptadores.entorno);
 }
 
 Entorno& EntornoActual() { return Required(Instalados().entorno, "entorno"); }

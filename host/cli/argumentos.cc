@@ -117,7 +117,16 @@ constexpr Opcion kListar[] = {
      [](Argumentos& a, const std::string& /*v*/) { a.json = true; }},
 };
 
-constexpr Opcion kEnviar[] = {kDeCliente, kDesde, kHasta, kTodas, kFacturas, kTipo};
+constexpr Opcion kDudosas = {
+    "--dudosas", "reenviar|registrar",
+    "Qué se hace con las que se interrumpieron y no se sabe si llegaron (nada)",
+    [](Argumentos& a, const std::string& v) {
+      constexpr std::array<std::string_view, 2> kOpciones = {"reenviar", "registrar"};
+      a.dudosas =
+          Eleccion(v, kOpciones) == 0 ? FacturasDudosas::kReenviar : FacturasDudosas::kRegistrar;
+    }};
+
+constexpr Opcion kEnviar[] = {kDeCliente, kDesde, kHasta, kTodas, kFacturas, kTipo, kDudosas};
 
 constexpr Opcion kExportar[] = {
     kDeCliente,

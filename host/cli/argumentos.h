@@ -11,6 +11,7 @@
 #include "host/cli/datos_compra.h"
 #include "host/cli/datos_exportacion.h"
 #include "host/cli/datos_recibida.h"
+#include "kvraedi/facturas_dudosas.h"
 #include "platform/os/entorno_sistema.h"
 
 namespace kvraedi::cli {
@@ -36,6 +37,7 @@ struct Argumentos {
   bool json = false;
   bool todas = false;
   bool forzar = false;
+  FacturasDudosas dudosas = FacturasDudosas::kPreguntar;
   std::vector<ClaveFactura> claves;
 
   std::string fichero;

@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <ostream>
 #include <vector>
 
@@ -20,6 +21,14 @@ void AvisarClienteDesconocido(const Argumentos& argumentos, PantallaEnvio& panta
   salida.mensajes << "kvraedi: no hay ningún cliente " << *argumentos.cliente << '\n';
 }
 
+void AvisarDudosas(SesionCli& sesion, std::ostream& mensajes) {
+  const auto& cajas = sesion.Pantallas().Messages();
+  const bool preguntada = std::any_of(cajas.begin(), cajas.end(), [](const ui::MessageBox& caja) {
+    return caja.buttons == ui::Buttons::kYesNo;
+  });
+  if (preguntada) mensajes << "kvraedi: indique --dudosas reenviar o --dudosas registrar\n";
+}
+
 void EscribirEnviadas(const ui::Grid& lista, const std::vector<int>& filas, SesionCli& sesion,
                       std::ostream& salida) {
   salida << "Facturas enviadas: " << filas.size() << '\n';
@@ -36,7 +45,9 @@ int Enviar(const Argumentos& argumentos, const Salida& salida, PantallaEnvio& pa
   if (!Seleccionar(argumentos, salida.mensajes, pantalla, sesion)) return kRechazado;
   const ui::Grid& lista = pantalla.Lista();
   const std::vector<int> marcadas = Marcadas(lista);
+  ResolverFacturasDudosas(argumentos.dudosas);
   pantalla.Aceptar();
+  AvisarDudosas(sesion, salida.mensajes);
   std::vector<int> enviadas;
   for (const int fila : marcadas) {
     if (!lista.IsSet(fila, kSeleccion)) enviadas.push_back(fila);

@@ -119,7 +119,7 @@ class KVRAEDI_API Entorno {
   /// Takes a file, made when it is not there, for this program alone. Into an empty one it writes
   /// which terminal and process have it, as lines "terminal=" and "proceso=". Waits for another one
   /// that holds it; null when that still does when the wait is over. The system lets it go when the
-  /// program ends, however it ends.
+  /// program and those that it has started meanwhile end, however they end.
   virtual std::unique_ptr<FileHold> Hold(const std::filesystem::path& file,
                                          std::chrono::milliseconds wait) = 0;
   /// Opens an existing file with the program that the system has for its type, and does not wait

@@ -69,7 +69,9 @@ bool EnSuSitio(int fd, const fs::path& ruta) {
 /// Null when another has it.
 std::unique_ptr<Reserva> Intentar(const fs::path& ruta) {
   for (;;) {
-    const int fd = ::open(ruta.c_str(), O_WRONLY | O_APPEND | O_CREAT | O_CLOEXEC, kModo);
+    // A program that is started meanwhile takes the lock over: when this one is killed, what it was
+    // waiting for still goes on.
+    const int fd = ::open(ruta.c_str(), O_WRONLY | O_APPEND | O_CREAT, kModo);
     if (fd < 0) FalloSistema("No se puede crear el fichero", ruta, errno);
     ::fchmod(fd, kModo);  // another user takes over what a program left that was killed
     const int fallo = ::flock(fd, LOCK_EX | LOCK_NB) == 0 ? 0 : errno;

@@ -357,8 +357,8 @@ class FirmaConFallos : public Firma {
   }
 
   void Comprobar(bool fallida) {
-    if (fallida && UltimoAviso() == kExito) {  // the request goes a moment later
-      EXPECT_EQ(++toleradas, 1);
+    if (fallida && UltimoAviso() == kExito) {  // the request goes later; the mark lacks the answer
+      EXPECT_LE(++toleradas, 2);
       fallida = false;
     }
     EXPECT_EQ(UltimoAviso(), fallida ? kFallo : kExito);
