@@ -75,8 +75,21 @@ class EnBaseNueva : public ConnectionWrapper {
     Target().Execute("CREATE DATABASE " + base_);
     Target().Execute("USE " + base_);
   }
+  void BeginTrans() override {
+    ConnectionWrapper::BeginTrans();
+    abierta_ = true;
+  }
+  void CommitTrans() override {
+    ConnectionWrapper::CommitTrans();
+    abierta_ = false;
+  }
+  void RollbackTrans() override {
+    ConnectionWrapper::RollbackTrans();
+    abierta_ = false;
+  }
   ~EnBaseNueva() override {
     try {
+      if (abierta_) Target().RollbackTrans();
       Target().Execute("USE master");
       Target().Execute("DROP DATABASE " + base_);
     } catch (const Error& error) {
@@ -86,6 +99,7 @@ class EnBaseNueva : public ConnectionWrapper {
 
  private:
   std::string base_;
+  bool abierta_ = false;
 };
 
 Adapter FreeTds() {
