@@ -38,7 +38,7 @@ class Ventanas : public testing::Test {
 /// A form that ends itself, and its last reference with it, wherever it is told to.
 class frmFugaz : public ui::Form {
  public:
-  explicit frmFugaz(bool alCargar) : Form("frmFugaz", "Fugaz"), alCargar_(alCargar) {
+  frmFugaz() : Form("frmFugaz", "Fugaz") {
     SetLayout(ui::Row({txtTexto, chkFin, cmdFin}));
     txtTexto.onEnter = chkFin.onClick = cmdFin.onClick = [this] { Unload(); };
     onUnload = [this] { sola.reset(); };
@@ -48,14 +48,6 @@ class frmFugaz : public ui::Form {
   ui::TextBox txtTexto{*this, "txtTexto"};
   ui::CheckBox chkFin{*this, "chkFin", "Fin"};
   ui::Button cmdFin{*this, "cmdFin", "Fin"};
-
- protected:
-  void OnLoad() override {
-    if (alCargar_) Unload();
-  }
-
- private:
-  bool alCargar_;
 };
 
 TEST_F(Ventanas, UnFormularioMuereEnSuPropioEvento) {
@@ -70,7 +62,7 @@ TEST_F(Ventanas, UnFormularioMuereEnSuPropioEvento) {
   for (const auto& final : finales) {
     std::weak_ptr<frmFugaz> vivo;
     {
-      const auto form = std::make_shared<frmFugaz>(false);
+      const auto form = std::make_shared<frmFugaz>();
       form->sola = form;
       vivo = form;
       form->Show();
@@ -91,13 +83,6 @@ TEST_F(Ventanas, SoltarElFormularioQuitaSuVentana) {
   form.reset();
   EXPECT_EQ(usuario_.Ventana("frmMuestra"), nullptr);
   EXPECT_FALSE(window->isVisible());
-}
-
-TEST_F(Ventanas, DescargadoMientrasCargaNoSeMuestra) {
-  const auto form = std::make_shared<frmFugaz>(true);
-  form->Show(ui::ShowMode::kModal);
-  EXPECT_FALSE(form->Visible());
-  EXPECT_EQ(usuario_.Ventana("frmFugaz"), nullptr);
 }
 
 TEST_F(Ventanas, ModalVuelveAlOcultarseYConservaSuEstado) {

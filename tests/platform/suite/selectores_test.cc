@@ -1,4 +1,5 @@
 #include <functional>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -15,16 +16,6 @@ using ui::Grid;
 using ui::TextBox;
 using Textos = std::vector<std::string>;
 
-class FailingConnection : public ConnectionWrapper {
- public:
-  using ConnectionWrapper::ConnectionWrapper;
-  std::unique_ptr<Recordset> Open(std::string_view sql) override {
-    if (failing) throw Error(kErrorDatabase, "prueba", "se ha perdido la conexión");
-    return ConnectionWrapper::Open(sql);
-  }
-  bool failing = false;
-};
-
 class SelectoresTest : public BaseSuite {
  protected:
   SelectoresTest() {
@@ -37,13 +28,11 @@ class SelectoresTest : public BaseSuite {
       db->Execute(std::string("INSERT INTO Cadenas (Cod_Empresa, Nivel, Codigo, Nombre) VALUES (") +
                   cadena + ")");
     }
-    conexion = std::make_shared<FailingConnection>(db);
+    conexion = std::make_shared<ConexionConFallos>(db);
     auto empresa = std::make_shared<EmpresaSuite>(*db, std::int16_t{7}, "/demo");
     clientes = suite.Clientes(conexion, empresa);
     cadenas = suite.Cadenas(conexion, empresa);
-    Adaptadores adaptadores;
-    adaptadores.toolkit = &toolkit;
-    InstalarAdaptadores(adaptadores);
+    InstalarAdaptadores({.toolkit = &toolkit});
   }
   ~SelectoresTest() override { InstalarAdaptadores({}); }
 
@@ -69,65 +58,53 @@ class SelectoresTest : public BaseSuite {
 
   HeadlessToolkit toolkit;
   SuiteReferencia suite;
-  std::shared_ptr<FailingConnection> conexion;
+  std::shared_ptr<ConexionConFallos> conexion;
   std::unique_ptr<ui::PickerSource> clientes;
   std::unique_ptr<ui::PickerSource> cadenas;
   std::shared_ptr<ui::Form> owner = std::make_shared<ui::Form>("frmPrueba", "Prueba");
 };
 
-struct Resuelto {
-  std::string typed;
-  bool valid;
-  std::string text;
-  std::string description;
-  std::vector<std::int32_t> codes;
-};
-
-void Comprobar(ui::PickerSource& fuente, const std::vector<Resuelto>& casos) {
-  for (const Resuelto& caso : casos) {
-    SCOPED_TRACE("'" + caso.typed + "'");
-    const ui::PickerValue value = fuente.Resolve(caso.typed);
-    EXPECT_EQ(value.valid, caso.valid);
-    EXPECT_EQ(value.text, caso.text);
-    EXPECT_EQ(value.description, caso.description);
-    EXPECT_EQ(value.codes, caso.codes);
-  }
+/// What a text is resolved to: text, description and codes, parted by "|".
+std::string Resuelto(ui::PickerSource& fuente, const char* typed) {
+  const ui::PickerValue value = fuente.Resolve(typed);
+  std::ostringstream resuelto;
+  resuelto << (value.valid ? "" : "no: ") << value.text << '|' << value.description << '|';
+  for (const auto code : value.codes) resuelto << code << ' ';
+  return resuelto.str();
 }
 
-TEST_F(SelectoresTest, CustomerCodes) {
-  Comprobar(*clientes, {
-                           {"5", true, "5", "O'Donnell e Hijos", {5}},
-                           {" 0012 ", true, "12", "\"Ñandú & Cía; S.L.\"", {12}},
-                           {"40123", true, "40123", "Descuento 100% [oferta]_final!", {40123}},
-                           {"6", false, "6", "", {6}},
-                           {"8", false, "8", "", {8}},
-                           {"-5", false, "-5", "", {-5}},
-                           {"", false, "", "", {}},
-                           {"  ", false, "", "", {}},
-                           {"5x", false, "5x", "", {}},
-                           {"5 OR 1=1", false, "5 OR 1=1", "", {}},
-                           {"99999999999", false, "99999999999", "", {}},
-                       });
-}
-
-TEST_F(SelectoresTest, ChainLevels) {
-  Comprobar(
-      *cadenas,
-      {
-          {"3", true, "3", "Norte", {3}},
-          {"3/5/7", true, "3/5/7", "Norte / Zona 2 / Súper O'Hara", {3, 5, 7}},
-          {"0/0/7", true, "0/0/7", "Súper O'Hara", {0, 0, 7}},
-          {" 3 / / 7 /", true, "3/0/7", "Norte / Súper O'Hara", {3, 0, 7}},
-          {"/////////9", true, "0/0/0/0/0/0/0/0/0/9", "Último", {0, 0, 0, 0, 0, 0, 0, 0, 0, 9}},
-          {"3/6", false, "3/6", "Norte", {3, 6}},
-          {"4", false, "4", "", {4}},
-          {"", false, "", "", {}},
-          {"0/0", false, "", "", {}},
-          {"1/2/3/4/5/6/7/8/9/10/0", false, "1/2/3/4/5/6/7/8/9/10/0", "", {}},
-          {"3/x", false, "3/x", "", {}},
-          {"-3", false, "-3", "", {}},
-          {"32768", false, "32768", "", {}},
-      });
+TEST_F(SelectoresTest, CustomerCodesAndChainLevels) {
+  using Casos = std::vector<std::pair<const char*, const char*>>;
+  const Casos deClientes = {
+      {"5", "5|O'Donnell e Hijos|5 "},
+      {" 0012 ", "12|\"Ñandú & Cía; S.L.\"|12 "},
+      {"40123", "40123|Descuento 100% [oferta]_final!|40123 "},
+      {"6", "no: 6||6 "},
+      {"8", "no: 8||8 "},
+      {"-5", "no: -5||-5 "},
+      {"", "no: ||"},
+      {"  ", "no: ||"},
+      {"5x", "no: 5x||"},
+      {"5 OR 1=1", "no: 5 OR 1=1||"},
+      {"99999999999", "no: 99999999999||"},
+  };
+  const Casos deCadenas = {
+      {"3", "3|Norte|3 "},
+      {"3/5/7", "3/5/7|Norte / Zona 2 / Súper O'Hara|3 5 7 "},
+      {"0/0/7", "0/0/7|Súper O'Hara|0 0 7 "},
+      {" 3 / / 7 /", "3/0/7|Norte / Súper O'Hara|3 0 7 "},
+      {"/////////9", "0/0/0/0/0/0/0/0/0/9|Último|0 0 0 0 0 0 0 0 0 9 "},
+      {"3/6", "no: 3/6|Norte|3 6 "},
+      {"4", "no: 4||4 "},
+      {"", "no: ||"},
+      {"0/0", "no: ||"},
+      {"1/2/3/4/5/6/7/8/9/10/0", "no: 1/2/3/4/5/6/7/8/9/10/0||"},
+      {"3/x", "no: 3/x||"},
+      {"-3", "no: -3||"},
+      {"32768", "no: 32768||"},
+  };
+  for (const auto& [typed, value] : deClientes) EXPECT_EQ(Resuelto(*clientes, typed), value);
+  for (const auto& [typed, value] : deCadenas) EXPECT_EQ(Resuelto(*cadenas, typed), value);
 }
 
 TEST_F(SelectoresTest, SearchTakesTextLiterally) {
@@ -191,14 +168,14 @@ TEST_F(SelectoresTest, ChosenLevelReplacesThatLevel) {
 
 TEST_F(SelectoresTest, DatabaseErrorIsShownAndTheWindowStays) {
   Buscar(*clientes, "", [&](ui::Form& form) {
-    conexion->failing = true;
+    conexion->fallo.FallarEn(1);
     Control<Button>(form, "cmdBuscar").Press();
     EXPECT_TRUE(form.Loaded());
     EXPECT_TRUE(Columna(form, 0).empty());
   });
   ASSERT_EQ(toolkit.Messages().size(), 1U);
   EXPECT_EQ(toolkit.Messages()[0].title, "frmBuscar:Buscar");
-  EXPECT_EQ(toolkit.Messages()[0].text, "se ha perdido la conexión");
+  EXPECT_EQ(toolkit.Messages()[0].text, "Conexión perdida");
   EXPECT_EQ(toolkit.Messages()[0].icon, ui::Icon::kCritical);
 }
 
