@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+
 #include "frame/numero.h"
 #include "kvraedi/error.h"
 
@@ -54,21 +56,20 @@ TEST(Currency, ArithmeticNeverWraps) {
 
 Currency Of(const char* text) { return Currency::Parse(text).value(); }
 
-TEST(Rounding, TakesHalvesAwayFromZero) {
+TEST(Rounding, TakesHalvesAwayFromZeroAndIsExact) {
   EXPECT_EQ(Redondear(Of("1.0005"), 3), Of("1.001"));
   EXPECT_EQ(Redondear(Of("-1.0005"), 3), Of("-1.001"));
   EXPECT_EQ(Redondear(Of("1.0004"), 3), Of("1"));
   EXPECT_EQ(Redondear(Of("2.5"), 0), Of("3"));
   EXPECT_EQ(ReglaDeTres(Of("0.0001"), Of("0.5"), Of("1")), Of("0.0001"));
   EXPECT_EQ(ReglaDeTres(Of("-3.3333"), Of("3"), Of("1")), Of("-9.9999"));
-}
-
-TEST(Rounding, NetLineAmountIsComputedExactly) {
-  EXPECT_EQ(ImporteConDescuento(Of("2.5"), Of("3"), Of("10")), Of("6.75"));
-  EXPECT_EQ(ImporteConDescuento(Of("10"), Of("1"), Of("100")), Of("0"));
-  EXPECT_EQ(ImporteConDescuento(Of("0.3333"), Of("0.333"), Of("0")), Of("0.111"));
-  EXPECT_EQ(ImporteConDescuento(Of("-2.5"), Of("3"), Of("10")), Of("-6.75"));
-  EXPECT_EQ(ImporteConDescuento(Of("1.0001"), Of("1.5"), Of("0.0033")), Of("1.5001"));
+  for (const auto& [unidades, precio, descuento, neto] : {std::array{"2.5", "3", "10", "6.75"},
+                                                          {"10", "1", "100", "0"},
+                                                          {"0.3333", "0.333", "0", "0.111"},
+                                                          {"-2.5", "3", "10", "-6.75"},
+                                                          {"1.0001", "1.5", "0.0033", "1.5001"}}) {
+    EXPECT_EQ(ImporteConDescuento(Of(unidades), Of(precio), Of(descuento)), Of(neto));
+  }
 }
 
 TEST(Numbers, NarrowingAndReadingAreChecked) {

@@ -65,6 +65,11 @@ TEST_F(Tabla, ColumnasComoSeDeclaran) {
   EXPECT_FALSE(celda(frmMuestra::kNumero, Qt::CheckStateRole).isValid());
   EXPECT_EQ(celda(frmMuestra::kNombre, Qt::DisplayRole).toString().toStdString(),
             "Suministros Peña & Hijos");
+  constexpr ui::GridColumn kOtras[] = {{"Código", 1440}, {"Nombre", 2880}};
+  Lineas().SetColumns(kOtras);
+  EXPECT_EQ(table_->model()->rowCount(), 0);
+  EXPECT_EQ(table_->model()->columnCount(), 2);
+  EXPECT_EQ(table_->columnWidth(1), 192);
 }
 
 /// The joined header is one picture: its inner border is not drawn.
@@ -110,32 +115,33 @@ TEST_F(Tabla, TecladoMueveLaFilaYElEspacioPulsa) {
   EXPECT_TRUE(table_->selectionModel()->isRowSelected(2));
 }
 
-TEST_F(Tabla, FilaActualDesdeElPrograma) {
+TEST_F(Tabla, FilaActualDesdeElProgramaYFilaQuitada) {
+  /// The table's own row, from 1; it is the one that is painted as selected.
+  const auto fila = [&] {
+    const int actual = table_->currentIndex().row();
+    EXPECT_EQ(table_->selectionModel()->isRowSelected(actual), actual >= 0);
+    return actual + 1;
+  };
   form_->AnadirLineas(200);
-  Lineas().SetRow(150);
-  EXPECT_EQ(table_->currentIndex().row(), 149);
-  EXPECT_TRUE(table_->selectionModel()->isRowSelected(149));
-  Lineas().SetRow(0);
-  EXPECT_FALSE(table_->currentIndex().isValid());
-  EXPECT_FALSE(table_->selectionModel()->hasSelection());
+  for (const int pedida : {150, 0, 2}) {
+    Lineas().SetRow(pedida);
+    EXPECT_EQ(fila(), pedida);
+  }
   Lineas().Reset();
   form_->AnadirLineas(3);
   EXPECT_EQ(Lineas().Row(), 0);
-}
-
-TEST_F(Tabla, FilaQuitada) {
-  form_->AnadirLineas(3);
-  Lineas().SetRow(2);
-  Lineas().RemoveRow(2);
-  EXPECT_EQ(table_->model()->rowCount(), 2);
-  EXPECT_EQ(Visto(2, frmMuestra::kNumero), "3");
-  EXPECT_EQ(table_->currentIndex().row(), 1);
-  Lineas().RemoveRow(2);
-  EXPECT_EQ(Lineas().Row(), 1);
-  EXPECT_EQ(table_->currentIndex().row(), 0);
-  EXPECT_TRUE(table_->selectionModel()->isRowSelected(0));
-  Lineas().RemoveRow(1);
-  EXPECT_FALSE(table_->currentIndex().isValid());
+  const struct {
+    int quitada, despues;
+    const char* visto;
+  } quitadas[] = {{2, 2, "3"}, {2, 1, "1"}, {1, 0, ""}};
+  for (const auto& [quitada, despues, visto] : quitadas) {
+    Lineas().SetRow(quitada);
+    Lineas().RemoveRow(quitada);
+    EXPECT_EQ(fila(), despues);
+    EXPECT_EQ(Lineas().Row(), despues);
+    EXPECT_EQ(Visto(despues, frmMuestra::kNumero), visto);
+  }
+  EXPECT_EQ(table_->model()->rowCount(), 0);
 }
 
 TEST_F(Tabla, UnTextoAlgoAnchoSeEstrecha) {
@@ -157,15 +163,6 @@ TEST_F(Tabla, UnTextoAlgoAnchoSeEstrecha) {
               parte > 1 || estrecha)
         << parte;
   }
-}
-
-TEST_F(Tabla, OtrasColumnas) {
-  constexpr ui::GridColumn kOtras[] = {{"Código", 1440}, {"Nombre", 2880}};
-  form_->AnadirLineas(3);
-  Lineas().SetColumns(kOtras);
-  EXPECT_EQ(table_->model()->rowCount(), 0);
-  EXPECT_EQ(table_->model()->columnCount(), 2);
-  EXPECT_EQ(table_->columnWidth(1), 192);
 }
 
 }  // namespace
