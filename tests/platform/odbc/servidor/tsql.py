@@ -1,5 +1,5 @@
 """The statements of the stand-in: T-SQL rewritten word by word, and run on SQLite."""
-import datetime as dt, decimal, re, sqlite3, uuid
+import datetime as dt, decimal, re, sqlite3
 D = decimal.Decimal
 EPOCH = dt.datetime(1900, 1, 1)
 
@@ -91,17 +91,12 @@ def rewrite(sql, functions, blobs):
             m = re.match(r"\s*(=|<>)\s*''", ''.join(ts[i + 1:i + 8])); out.append(f"{t} {m[1]} x''"); i += len(toks(m[0]))
         elif t.startswith('#'): out.append('"%s"' % t)
         elif len(t) > 18 and t.isdigit(): out.append("'%s'" % (t.lstrip('0') or '0'))
-        elif u == 'WITH' and nx == '(' and not ddl:                       # table hints
-            while i < len(ts) and ts[i] != ')': i += 1
         elif re.match('0[xX]', t): out.append("x'%s'" % (t[2:] if len(t) % 2 == 0 else '0' + t[2:]))
         elif u == '@@ROWCOUNT': out.append('tds_rowcount()')
         elif u == '@@IDENTITY': out.append('last_insert_rowid()')
         elif u == '@@TRANCOUNT': out.append('tds_trancount()')
-        elif u == '@@SPID': out.append('tds_spid()')
-        elif u == '@@VERSION': out.append("'tdsd stand-in 0.1'")
         elif u.startswith('@@'): out.append('NULL')
         elif u == 'ISNULL' and nx == '(': out.append('ifnull')
-        elif u == 'SCOPE_IDENTITY': out.append('last_insert_rowid')
         elif ddl and u == 'IDENTITY' or ddl and u in ('CLUSTERED', 'NONCLUSTERED'):
             if u == 'IDENTITY' and nx == '(':
                 while ts[i] != ')': i += 1
@@ -139,10 +134,9 @@ class Db:
         s.c.execute('pragma journal_mode=wal'); s.c.execute('pragma foreign_keys=on'); s.c.create_collation('mssql', cmp); s.c.create_collation('msdate', cmpdate)
         s.c.execute('create table if not exists tds_module(kind, name, on_table, args, body)'); s.failed, s.known = None, (None, ())
         f = lambda name, n, call: s.c.create_function(name, n, s.guard(call)); now = lambda: dt.datetime.now().isoformat(' ', 'milliseconds')
-        f('getdate', 0, now); f('sysdatetime', 0, now); f('len', 1, lambda a: None if a is None else len(str(a).rstrip(' ')))
-        f('datalength', 1, lambda a: None if a is None else len(a) if isinstance(a, bytes) else 2 * len(str(a))); f('newid', 0, lambda: str(uuid.uuid4()).upper())
-        f('tds_rowcount', 0, lambda: s.rc); f('tds_trancount', 0, lambda: int(s.c.in_transaction)); f('tds_spid', 0, lambda: spid)
-        f('db_name', 0, lambda: 'prueba'); f('object_id', 1, lambda n: s.exists(n)); f('object_id', 2, lambda n, k: s.exists(n)); f('suser_sname', 0, lambda: 'sa')
+        f('getdate', 0, now); f('len', 1, lambda a: None if a is None else len(str(a).rstrip(' ')))
+        f('tds_rowcount', 0, lambda: s.rc); f('tds_trancount', 0, lambda: int(s.c.in_transaction))
+        f('object_id', 1, lambda n: s.exists(n)); f('object_id', 2, lambda n, k: s.exists(n))
         f('tds_date', 1, iso); f('tds_bytes', 1, lambda v: v.encode('cp1252', 'replace') if isinstance(v, str) else v); f('tds_text', 1, lambda v: None if v is None else str(v)); f('round', 2, rounded)
     def guard(s, call):
         """SQLite tells only that a function failed; this keeps why."""
