@@ -59,6 +59,11 @@ std::string ConsultaContenido(const ClaveDocumento& documento, std::string_view 
   return Sql("SELECT stream FROM EDI_Anexos ", Condiciones(documento), DeNombre(nombre));
 }
 
+std::string ConsultaSinContenido(const ClaveDocumento& documento, std::string_view nombre) {
+  return Sql("SELECT NombreAnexo FROM EDI_Anexos ", Condiciones(documento), DeNombre(nombre),
+             "   AND Stream = ''");
+}
+
 std::string BorrarAnexo(const ClaveDocumento& documento, std::string_view nombre) {
   return Sql("DELETE FROM EDI_Anexos ", Condiciones(documento), DeNombre(nombre));
 }

@@ -15,6 +15,9 @@ std::string InsertarAnexo(const facturae::ClaveDocumento& documento, std::string
                           std::string_view descripcion);
 /// The content of the attachment of that name.
 std::string ConsultaContenido(const facturae::ClaveDocumento& documento, std::string_view nombre);
+/// A row for each attachment of that name that has no content.
+std::string ConsultaSinContenido(const facturae::ClaveDocumento& documento,
+                                 std::string_view nombre);
 std::string BorrarAnexo(const facturae::ClaveDocumento& documento, std::string_view nombre);
 
 }  // namespace kvraedi

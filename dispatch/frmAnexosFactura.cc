@@ -5,6 +5,8 @@
 #include "frame/accion.h"
 #include "frame/avisos.h"
 #include "frame/carpeta_anexos.h"
+#include "frame/formato.h"
+#include "frame/marca.h"
 #include "frame/puertos.h"
 #include "frame/ruta.h"
 #include "frame/sesion.h"
@@ -50,7 +52,33 @@ void frmAnexosFactura::OnLoad() {
   Accion("frmAnexosFactura:Load", [&] {
     CarpetaAnexos(EntornoActual()).Crear();
     Cargar();
+    AvisarInterrumpido();
   });
+}
+
+std::filesystem::path frmAnexosFactura::RutaMarca() const {
+  return CarpetaAnexos(EntornoActual()).Ruta() /
+         (facturae::IdentificadorDocumento(EmpresaActual().CodigoEmpresa(), documento_) +
+          ".anexando");
+}
+
+/// A row without content that a killed program left is told each time, until it is removed.
+void frmAnexosFactura::AvisarInterrumpido() {
+  Entorno& entorno = EntornoActual();
+  const auto ruta = RutaMarca();
+  if (!entorno.FileExists(ruta)) return;
+  const auto marca = entorno.Hold(ruta, {});
+  if (!marca) return;
+  marca->Leave();
+  const Notas notas(marca->Text());
+  const std::string nombre = notas["anexo"];
+  if (ConexionActual().Open(ConsultaSinContenido(documento_, nombre))->Eof()) {
+    entorno.Delete(ruta);
+    return;
+  }
+  Avisar("El documento " + nombre + " se estaba anexando el " + notas["cuando"] +
+             " y ha quedado sin contenido. Elimínelo y vuelva a anexarlo.",
+         "¡ Atención !", ui::Icon::kExclamation);
 }
 
 void frmAnexosFactura::Cargar() {
@@ -93,11 +121,15 @@ void frmAnexosFactura::cmdAnexar_Click() {
 void frmAnexosFactura::Anexar() {
   const std::string nombre = NombreDeFichero(txtRuta.Text());
   Connection& conexion = ConexionActual();
+  auto marca = Reservar(EntornoActual(), RutaMarca(),
+                        "Un documento de esta factura lo está anexando", kEsperaBreve);
+  Anotar(*marca, {{"anexo", nombre}, {"cuando", FechaTexto(EntornoActual().Now())}});
   conexion.Execute(InsertarAnexo(documento_, nombre, txtDescripcion.Text()));
   listaFiel_ = false;
   const std::string contenido = EntornoActual().ReadFile(RutaDe(txtRuta.Text()));
   conexion.UpdateBlob(ConsultaContenido(documento_, nombre), "Stream",
                       std::as_bytes(std::span(contenido)));
+  marca.reset();
   CarpetaAnexos(EntornoActual()).Guardar(nombre, contenido);
   Cargar();
 }

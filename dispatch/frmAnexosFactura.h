@@ -1,5 +1,7 @@
 #pragma once
 
+#include <filesystem>
+
 #include "dispatch/documento_anexos.h"
 #include "kvraedi/ui/form.h"
 
@@ -31,6 +33,8 @@ class frmAnexosFactura : public ui::Form {
   void cmdVer_Click();
   void cmdSalir_Click();
   bool AnexoValido();
+  std::filesystem::path RutaMarca() const;
+  void AvisarInterrumpido();
   void Anexar();
 
   const facturae::ClaveDocumento documento_;

@@ -1,9 +1,11 @@
 #pragma once
 
 #include <gtest/gtest.h>
+#include <sys/wait.h>
 
 #include <algorithm>
 #include <filesystem>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -102,6 +104,25 @@ INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Nif, Direccion, CP, Localidad
   }
 
   int Contar(std::string_view sql) const { return base->Open(sql)->Get<std::int32_t>(0); }
+
+  /// Runs `accion` in a program of its own, with its own connection, that is killed before its k-th
+  /// operation; false when it came to its end.
+  bool Matar(bool sentencia, int k, const std::function<void()>& accion) {
+    const pid_t hijo = ::fork();
+    if (hijo == 0) {
+      const auto ajena = base;
+      base = std::make_shared<SqliteConnection>((carpeta / "kvraedi.db").string());
+      conexion = std::make_shared<ConexionConFallos>(base);
+      PropiedadesSesion().ConexionKestrova(conexion);
+      LeerEmpresa();
+      (sentencia ? conexion->fallo : entorno.fallo).MorirEn(k);
+      accion();
+      ::_exit(0);
+    }
+    int fin = 0;
+    ::waitpid(hijo, &fin, 0);
+    return WIFSIGNALED(fin);
+  }
 
   static std::string TextoAviso(const ui::MessageBox& aviso) {
     return aviso.title + "|" + aviso.text + "|" + std::to_string(static_cast<int>(aviso.icon));

@@ -250,6 +250,34 @@ TEST_F(AnexosTest, AFileThatCannotBeReadLeavesARowWithoutContent) {
   EXPECT_FALSE(fs::exists(docs / "nada.pdf"));
 }
 
+TEST_F(AnexosTest, ARowThatAKilledProgramLeftIsToldUntilItIsRemoved) {
+  const auto fichero = Escribir("a.pdf", "contenido");
+  const auto avisado = [&] {
+    const std::size_t antes = toolkit.Messages().size();
+    Usar(1, [](Pantalla&) {});
+    return toolkit.Messages().size() > antes &&
+           UltimoAviso().starts_with(
+               "¡ Atención !|El documento a.pdf se estaba anexando el 01/03/2024 ");
+  };
+  int vacias = 0;
+  for (const bool sentencia : {false, true}) {
+    for (int k = 1;; ++k) {
+      SCOPED_TRACE((sentencia ? "sentencia " : "operación ") + std::to_string(k));
+      if (!Matar(sentencia, k, [&] { Usar(1, [&](Pantalla& p) { p.Anexar(fichero, "A"); }); })) {
+        break;
+      }
+      const bool vacia = Guardados() == Celdas{""};
+      vacias += vacia ? 1 : 0;
+      EXPECT_EQ(avisado(), vacia);
+      EXPECT_EQ(avisado(), vacia) << "once more";
+      base->Execute("DELETE FROM EDI_Anexos");
+      EXPECT_FALSE(avisado());
+      EXPECT_FALSE(fs::exists(docs / "01202400000000100003.anexando"));
+    }
+  }
+  EXPECT_EQ(vacias, 2) << "before the file is read, before its bytes are stored";
+}
+
 TEST_F(AnexosTest, FiftyMegabytesComeBackWhole) {
   std::string contenido(std::size_t{50} << 20U, '\0');
   std::uint32_t azar = 1;

@@ -1,5 +1,3 @@
-#include <sys/wait.h>
-
 #include <cstdlib>
 #include <fstream>
 #include <functional>
@@ -31,25 +29,6 @@ struct Camino {
 
 class Interrupcion : public RecepcionPedidos {
  protected:
-  /// Runs `accion` in a program of its own, with its own connection, that is killed before its k-th
-  /// operation; false when it came to its end.
-  bool Matar(bool sentencia, int k, const std::function<void()>& accion) {
-    const pid_t hijo = ::fork();
-    if (hijo == 0) {
-      const auto ajena = base;
-      base = std::make_shared<SqliteConnection>((carpeta / "kvraedi.db").string());
-      conexion = std::make_shared<ConexionConFallos>(base);
-      PropiedadesSesion().ConexionKestrova(conexion);
-      LeerEmpresa();
-      (sentencia ? conexion->fallo : entorno.fallo).MorirEn(k);
-      accion();
-      ::_exit(0);
-    }
-    int fin = 0;
-    ::waitpid(hijo, &fin, 0);
-    return WIFSIGNALED(fin);
-  }
-
   std::string EstadoInvoic() const {
     std::string estado;
     for (const char* sub : {"Temp", "2024"}) {
