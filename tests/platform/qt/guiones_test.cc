@@ -38,7 +38,8 @@ const Guion kGuiones[] = {
      "Muñoz & <b>Pérez</b>;;001234567;;Otra;cboClase; fila 0 de 0, 0 marcadas, 0 excluidas"},
     {"Fechas",
      [](UsuarioQt& u, frmMuestra& f, Lineas& diario) {
-       for (const char* fecha : {"01/03/2024", "31122023", "", "01/3", "01/03/20", "99/99/9999"}) {
+       for (const char* fecha : {"01/03/2024", "31122023", "", "01/3", "01/03/20", "1/3/2024",
+                                 "/03/2024", "99/99/9999"}) {
          u.Escribe(f, "txtFecha", fecha);
          diario.push_back(f.txtFecha.Text());
        }
@@ -48,8 +49,9 @@ const Guion kGuiones[] = {
        f.txtFecha.SetText("28/02/2024");
        u.Intro(f, "txtFecha");
      },
-     {"clase 0", "01/03/2024", "31/12/2023", "", "01/3", "01/03/20", "99/99/9999",
-      "intro en fecha: 99/99/9999", "intro en fecha: ", "intro en fecha: 28/02/2024", "descargada"},
+     {"clase 0", "01/03/2024", "31/12/2023", "", "01/3", "01/03/20", "1_/3_/2024", "__/03/2024",
+      "99/99/9999", "intro en fecha: 99/99/9999", "intro en fecha: ", "intro en fecha: 28/02/2024",
+      "descargada"},
      ";28/02/2024;;;Una;txtFecha; fila 0 de 9, 0 marcadas, 0 excluidas"},
     {"Buscador",
      [](UsuarioQt& u, frmMuestra& f, Lineas& diario) {

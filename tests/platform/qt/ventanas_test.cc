@@ -10,7 +10,6 @@
 #include <fstream>
 
 #include "kvraedi/adaptadores.h"
-#include "kvraedi/valor.h"
 #include "tests/platform/os/carpeta_temporal.h"
 #include "tests/platform/qt/frmMuestra.h"
 #include "tests/platform/qt/usuario_qt.h"
@@ -133,18 +132,6 @@ TEST_F(Ventanas, TabuladorYTeclaDeAcceso) {
                                              "cboClase", "chkTodas"}));
   QTest::keyClick(window, Qt::Key_C, Qt::AltModifier);
   EXPECT_TRUE(QTest::qWaitFor([&] { return !form->Loaded(); }));
-}
-
-TEST_F(Ventanas, UnaFechaIncompletaNoEsFechaNiVacia) {
-  const struct {
-    const char *teclas, *texto;
-  } casos[] = {{"1/3/2024", "1_/3_/2024"}, {"/03/2024", "__/03/2024"}, {"01/03/24", "01/03/24"}};
-  const auto form = Abre();
-  for (const auto& caso : casos) {
-    usuario_.Escribe(*form, "txtFecha", caso.teclas);
-    EXPECT_EQ(form->txtFecha.Text(), caso.texto);
-    EXPECT_FALSE(FechaHora::Parse(form->txtFecha.Text()));
-  }
 }
 
 TEST_F(Ventanas, ElPunteroNoSeAcumula) {

@@ -77,17 +77,6 @@ TEST_F(DatabaseFileTest, AClosedConnectionRaisesAndItsRecordsetsGoOn) {
   file_.Open()->Execute("DELETE FROM T");
 }
 
-TEST_F(DatabaseFileTest, ReadersSeeCommittedRowsOnly) {
-  auto writer = file_.Open(true, Durability::kWal);
-  writer->Run("CREATE TABLE T (A int)");
-  auto reader = file_.Open(false, Durability::kWal);
-  writer->BeginTrans();
-  writer->Execute("INSERT INTO T (A) VALUES (1)");
-  EXPECT_EQ(All(*reader, "SELECT COUNT(*) FROM T"), "0");
-  writer->CommitTrans();
-  EXPECT_EQ(All(*reader, "SELECT COUNT(*) FROM T"), "1");
-}
-
 TEST_F(DatabaseFileTest, DatesLoadedWithoutTheAdapterThatAreNoneMakeStatementsFail) {
   db_->Run("CREATE TABLE T (A int, F datetime)");
   Raw("INSERT INTO T VALUES (1, '2024-01-01'), (2, 'abc'), (3, '2024-01-03')");
