@@ -3,6 +3,7 @@
 
 #include "bench/puesto.h"
 #include "bench/suelo_recibidas.h"
+#include "frame/formato.h"
 #include "frame/sql.h"
 #include "host/demo/esquema.h"
 #include "host/demo/fichero_invoic.h"
@@ -69,7 +70,7 @@ fs::path PrepararRecibidas() {
     }
     const FechaHora primera{2025, 1, 1, 0, 0, 0};
     for (int i = 1; i <= kRecibidas; ++i) {
-      const std::string fecha = primera.PlusSeconds(i % 700 * 86400).ToIso();
+      const std::string fecha = FormatearFecha(primera.PlusSeconds(i % 700 * 86400), "yyyymmdd");
       conexion.Execute(Sql("INSERT INTO EDI_Recepcion_Facturas VALUES ('MSG", i, "', 1, 2025, ",
                            i % 12 + 1, ", '", 100000 + i * 7919 % kRecibidas, "', '", fecha, "', ",
                            i, ".25, ", i % 2, ", 'CONFORME', 2, 1, 'INVOIC", i, ".txt', NULL)"));
