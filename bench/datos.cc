@@ -1,14 +1,16 @@
 #include "bench/datos.h"
 
+#include <cstdint>
+#include <fstream>
+
 #include "frame/sql.h"
 #include "host/demo/crear_demo.h"
 #include "host/demo/esquema.h"
 #include "platform/sqlite/sqlite_connection.h"
 
 namespace kvraedi::bench {
-namespace {
 
-constexpr std::string_view kMaestros = R"(
+const std::string_view kMaestros = R"(
 INSERT INTO Empresas (Codigo, Nombre_1, Nombre_2, Direccion, CP, Localidad, Provincia, Pais, Nif,
   Emp_Articulos, Emp_Clientes, Emp_Proveedores, Aplica_IGIC)
   VALUES (1, 'Ñandú y Cía, S.L.', 'Mayorista', 'C/ Mayor, 1', '35001', 'Las Palmas', 'Las Palmas',
@@ -24,13 +26,17 @@ INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Nif, Direccion, CP, Localidad
   '8411111111111', 2, 1);
 )";
 
+namespace {
+
+constexpr std::string_view kColumnasFactura =
+    "INSERT INTO Facturas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Fecha, Hora,"
+    " Cliente, Almacen, ImporteB, Impuestos, Total, Observ) ";
+
 void InsertarFactura(Connection& conexion, int codigo, int lineas) {
   const std::string clave = Sql("1, ", kEjercicio, ", 1, ", codigo, ", 0");
-  conexion.Execute(
-      Sql("INSERT INTO Facturas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Fecha, Hora,"
-          " Cliente, Almacen, ImporteB, Impuestos, Total, Observ) VALUES (",
-          clave, ", '15/05/2026', '15/05/2026 10:45:30', ", kCliente,
-          ", 5, 100, 7, 107, 'Entregar por la mañana')"));
+  conexion.Execute(Sql(kColumnasFactura, "VALUES (", clave,
+                       ", '15/05/2026', '15/05/2026 10:45:30', ", kCliente,
+                       ", 5, 100, 7, 107, 'Entregar por la mañana')"));
   conexion.Execute(
       Sql("INSERT INTO Facturas_Impuestos (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc,"
           " Tipo, Base, Importe) VALUES (",
@@ -123,9 +129,7 @@ std::filesystem::path Preparar(const std::filesystem::path& carpeta, const std::
   {
     SqliteConnection conexion(provisional.string(),
                               {.create = true, .durability = Durability::kNone});
-    conexion.Run(demo::kEsquema);
-    conexion.Run(demo::kEsquemaPedidos);
-    conexion.Run(demo::kFunciones);
+    for (const auto script : demo::kScriptsSqlite) conexion.Run(script);
     conexion.Run(kMaestros);
     conexion.BeginTrans();
     llenar(conexion);
@@ -137,11 +141,27 @@ std::filesystem::path Preparar(const std::filesystem::path& carpeta, const std::
 
 }  // namespace
 
+void InsertarFacturas(Connection& conexion) {
+  for (int codigo = 1; codigo <= kFacturas; ++codigo) {
+    InsertarFactura(conexion, codigo, kLineasPorFactura);
+  }
+}
+
+void InsertarCienMilFacturas(Connection& conexion) {
+  conexion.Execute("INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre) VALUES (1, 5, 'Central')");
+  for (int codigo = 1; codigo <= kFacturas; ++codigo) InsertarFactura(conexion, codigo, 0);
+  for (int primera = kFacturas; primera < 100'000; primera += kFacturas) {
+    conexion.Execute(Sql(kColumnasFactura, "SELECT Cod_Empresa, Cod_Ejercicio, Serie, Codigo + ",
+                         primera,
+                         ", TipoDoc, Fecha, Hora, Cliente, Almacen, ImporteB, Impuestos, Total,"
+                         " Observ FROM Facturas WHERE Codigo <= ",
+                         kFacturas));
+  }
+}
+
 std::filesystem::path PrepararInvoic(const std::filesystem::path& carpeta) {
   return Preparar(carpeta, "invoic", [](SqliteConnection& conexion) {
-    for (int codigo = 1; codigo <= kFacturas; ++codigo) {
-      InsertarFactura(conexion, codigo, kLineasPorFactura);
-    }
+    InsertarFacturas(conexion);
     for (const auto& [codigo, lineas] : {kMil, kDiezMil}) InsertarFactura(conexion, codigo, lineas);
   });
 }
@@ -161,19 +181,41 @@ std::filesystem::path PrepararCoacsu(const std::filesystem::path& carpeta, int f
   });
 }
 
+void InsertarRecepcion(Connection& conexion) {
+  conexion.Execute("INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathFichRecibir', '.')");
+  conexion.Execute("INSERT INTO Empresas_Parametros VALUES (1, 'UsuarioActual', '1')");
+  conexion.Execute(
+      Sql("INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES"
+          " (1, 1, 'Central', ",
+          SqlTexto{kGlnAlmacen}, ")"));
+  for (int codigo = 1; codigo <= kArticulos; ++codigo) {
+    conexion.Execute(Sql("INSERT INTO Articulos VALUES (1, ", codigo, ", 'Queso curado ",
+                         codigo * 7919 % kArticulos, "')"));
+  }
+}
+
 std::filesystem::path PrepararDesadv(const std::filesystem::path& carpeta) {
-  return Preparar(carpeta, "desadv", [](SqliteConnection& conexion) {
-    conexion.Execute("INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathFichRecibir', '.')");
-    conexion.Execute("INSERT INTO Empresas_Parametros VALUES (1, 'UsuarioActual', '1')");
-    conexion.Execute(
-        Sql("INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre, EDI_GLN) VALUES"
-            " (1, 1, 'Central', ",
-            SqlTexto{kGlnAlmacen}, ")"));
-    for (int codigo = 1; codigo <= kArticulos; ++codigo) {
-      conexion.Execute(Sql("INSERT INTO Articulos VALUES (1, ", codigo, ", 'Queso curado ",
-                           codigo * 7919 % kArticulos, "')"));
+  return Preparar(carpeta, "desadv",
+                  [](SqliteConnection& conexion) { InsertarRecepcion(conexion); });
+}
+
+void EscribirOrders(const std::filesystem::path& carpeta, int pedidos) {
+  for (const char* sub : {"Temp", "OK", "Error", "Log"}) {
+    std::filesystem::create_directories(carpeta / sub);
+  }
+  std::ofstream fichero(carpeta / "Temp" / "orders.dat", std::ios::binary);
+  fichero << "ORDERS_D_96A_UN_EAN008\r\n";
+  for (int pedido = 0; pedido < pedidos; ++pedido) {
+    fichero << "ORD|" << 4000000 + pedido
+            << "|220|9\r\nDTM|20260515|20260520|20260521\r\nNADSU|8437000111115\r\nNADBY|"
+            << kCliente << "\r\nNADDP|" << kGlnAlmacen << "\r\nFTX|Sin avisar\r\n";
+    for (int linea = 1; linea <= kLineasPorPedido; ++linea) {
+      fichero << "LIN|" << 8410000000000 + linea * std::int64_t{17} << "|EN|" << linea
+              << "\r\nIMDLIN|F|M||Queso curado de cabra " << linea << "\r\nQTYLIN|21|" << linea
+              << ".5\r\nMOALIN|" << linea * 3 << ".25\r\n";
     }
-  });
+    fichero << "MOARES|100.5|100.5|7|107.5\r\n";
+  }
 }
 
 std::filesystem::path PrepararCompras(const std::filesystem::path& carpeta) {

@@ -4,6 +4,8 @@
 #include <string>
 #include <string_view>
 
+#include "kvraedi/conexion.h"
+
 namespace kvraedi::bench {
 
 inline constexpr int kFacturas = 2000;
@@ -19,9 +21,16 @@ struct FacturaLarga {
 inline constexpr FacturaLarga kMil{900001, 1000};
 inline constexpr FacturaLarga kDiezMil{900002, 10000};
 
+/// The masters that every database here has, as one script.
+extern const std::string_view kMaestros;
+
 /// A database with kFacturas invoices of kLineasPorFactura lines, numbered from 1, and the long
 /// ones. Made once; a file that is there is left alone.
 std::filesystem::path PrepararInvoic(const std::filesystem::path& carpeta);
+/// Its kFacturas invoices, into tables that have the masters.
+void InsertarFacturas(Connection& conexion);
+/// 100,000 invoices without lines.
+void InsertarCienMilFacturas(Connection& conexion);
 
 /// A database with Facturae invoices of one customer, whose codes are their numbers of lines. Made
 /// once.
@@ -41,6 +50,13 @@ std::filesystem::path PrepararCoacsu(const std::filesystem::path& carpeta, int f
 inline constexpr int kArticulos = 1000;
 inline constexpr std::string_view kGlnAlmacen = "8430000010017";
 std::filesystem::path PrepararDesadv(const std::filesystem::path& carpeta);
+/// The same, into tables that have the masters.
+void InsertarRecepcion(Connection& conexion);
+
+/// The folder of received orders, in it a file of so many orders of kLineasPorPedido lines, which
+/// is still to be read.
+inline constexpr int kLineasPorPedido = 50;
+void EscribirOrders(const std::filesystem::path& carpeta, int pedidos);
 
 /// A database with two supplier orders, whose codes are their numbers of lines, and kEntradas
 /// receipts of store 3, numbered from 1, of 20 tax rows. Made once.

@@ -1,9 +1,8 @@
 #include <stdexcept>
 
 #include "bench/datos.h"
-#include "bench/puesto.h"
+#include "bench/lista.h"
 #include "bench/suelo_facturas.h"
-#include "kvraedi/clsFacturacionEmision.h"
 
 namespace kvraedi::bench {
 namespace {
@@ -13,18 +12,11 @@ void Comprobar(benchmark::State& state, std::size_t filas) {
   if (filas == 0) throw std::runtime_error("the list is empty");
 }
 
-/// Filling the list as the user does: the two dates, then Enter.
 void Propio(benchmark::State& state, int facturas) {
   Puesto puesto(PrepararLista(CarpetaBench(), facturas));
-  clsFacturacionEmision clase;
-  clase.Show(0, nullptr);
-  ui::Form& form = *puesto.toolkit.OpenForm("frmEnvioFactura");
-  dynamic_cast<ui::DateBox&>(*form.Find("txtFechaI")).Type("01/01/2025");
-  auto& hasta = dynamic_cast<ui::DateBox&>(*form.Find("txtFechaF"));
-  hasta.Type("31/12/2026");
-  Medir(state, [&] { hasta.PressEnter(); });
-  const auto& grid = dynamic_cast<ui::Grid&>(*form.Find("vsDocs"));
-  Comprobar(state, static_cast<std::size_t>(grid.Rows()) - 1);
+  Lista lista(puesto);
+  Medir(state, [&] { lista.Llenar(); });
+  Comprobar(state, lista.Filas());
 }
 
 void Suelo(benchmark::State& state, int facturas) {

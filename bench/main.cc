@@ -18,6 +18,9 @@ int main(int argc, char** argv) {
     kvraedi::bench::RegistrarOrders();
     kvraedi::bench::RegistrarPedidos();
     kvraedi::bench::RegistrarRecibidas();
+#ifdef KVRAEDI_ODBC
+    kvraedi::bench::RegistrarOdbc();
+#endif
     benchmark::Initialize(&argc, argv);
     if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 2;
     benchmark::RunSpecifiedBenchmarks();

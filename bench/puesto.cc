@@ -15,6 +15,18 @@ namespace kvraedi::bench {
 
 namespace fs = std::filesystem;
 
+namespace {
+
+/// The processor time, the system's own included.
+double Milisegundos(const rusage& uso) {
+  const auto tiempo = [](const timeval& de) {
+    return static_cast<double>(de.tv_sec) * 1e3 + static_cast<double>(de.tv_usec) / 1e3;
+  };
+  return tiempo(uso.ru_utime) + tiempo(uso.ru_stime);
+}
+
+}  // namespace
+
 fs::path CarpetaBench() {
   const char* const elegida = std::getenv("KVRAEDI_BENCH_DIR");
   fs::path carpeta = elegida != nullptr             ? fs::path(elegida)
@@ -36,13 +48,15 @@ Copia::~Copia() {
   fs::remove_all(carpeta_, ignorado);
 }
 
-Puesto::Puesto(const fs::path& base) : entorno_({.unidad = base.parent_path()}) {
-  const auto conexion = std::make_shared<SqliteConnection>(base.string());
+Puesto::Puesto(const fs::path& base)
+    : Puesto(std::make_shared<SqliteConnection>(base.string()), base.parent_path()) {}
+
+Puesto::Puesto(std::shared_ptr<Connection> conexion, const fs::path& carpeta)
+    : entorno_({.unidad = carpeta}) {
   InstalarAdaptadores({.entorno = &entorno_, .toolkit = &toolkit, .suite = &suite_});
   PropiedadesSesion sesion;
-  sesion.ConexionKestrova(conexion);
-  sesion.EmpresaKestrova(
-      std::make_shared<EmpresaSuite>(*conexion, std::int16_t{1}, base.parent_path()));
+  sesion.EmpresaKestrova(std::make_shared<EmpresaSuite>(*conexion, std::int16_t{1}, carpeta));
+  sesion.ConexionKestrova(std::move(conexion));
 }
 
 Puesto::~Puesto() {
@@ -55,13 +69,16 @@ Puesto::~Puesto() {
 
 void Medir(benchmark::State& state, const std::function<void()>& cuerpo) {
   using Reloj = std::chrono::steady_clock;
+  rusage antes{};
+  rusage uso{};
   for (auto iteracion : state) {
+    ::getrusage(RUSAGE_SELF, &antes);
     const auto inicio = Reloj::now();
     cuerpo();
     state.SetIterationTime(std::chrono::duration<double>(Reloj::now() - inicio).count());
+    ::getrusage(RUSAGE_SELF, &uso);
   }
-  rusage uso{};
-  ::getrusage(RUSAGE_SELF, &uso);
+  state.counters["cpu_ms"] = Milisegundos(uso) - Milisegundos(antes);
   state.counters["rss_mb"] = static_cast<double>(uso.ru_maxrss) / 1024.0;
 }
 

@@ -37,6 +37,7 @@ class Copia {
 class Puesto {
  public:
   explicit Puesto(const std::filesystem::path& base);
+  Puesto(std::shared_ptr<Connection> conexion, const std::filesystem::path& carpeta);
   ~Puesto();
   Puesto(const Puesto&) = delete;
   Puesto& operator=(const Puesto&) = delete;
@@ -48,7 +49,8 @@ class Puesto {
   SuiteReferencia suite_;
 };
 
-/// Times one run of the body and notes the highest memory that the process has taken.
+/// Times one run of the body, and notes the processor time that this process took for it and the
+/// highest memory that it has taken.
 void Medir(benchmark::State& state, const std::function<void()>& cuerpo);
 
 /// Names the two sides of a comparison: "NAME/propio" and "NAME/suelo".
@@ -63,5 +65,6 @@ void RegistrarDesadv();
 void RegistrarOrders();
 void RegistrarPedidos();
 void RegistrarRecibidas();
+void RegistrarOdbc();
 
 }  // namespace kvraedi::bench

@@ -15,6 +15,12 @@ BaseSuelo::BaseSuelo(const std::filesystem::path& ruta) {
 
 BaseSuelo::~BaseSuelo() { sqlite3_close(base_); }
 
+void BaseSuelo::Ejecutar(const char* sql) const {
+  if (sqlite3_exec(base_, sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
+    throw std::runtime_error(sqlite3_errmsg(base_));
+  }
+}
+
 SentenciaSuelo::SentenciaSuelo(const BaseSuelo& base, std::string_view sql) : base_(base.Handle()) {
   if (sqlite3_prepare_v2(base_, sql.data(), static_cast<int>(sql.size()), &sentencia_, nullptr) !=
       SQLITE_OK) {

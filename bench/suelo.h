@@ -18,6 +18,7 @@ class BaseSuelo {
   BaseSuelo(const BaseSuelo&) = delete;
   BaseSuelo& operator=(const BaseSuelo&) = delete;
   sqlite3* Handle() const { return base_; }
+  void Ejecutar(const char* sql) const;
 
  private:
   sqlite3* base_ = nullptr;

@@ -25,12 +25,6 @@ CREATE INDEX temp.CabClave ON Cab (Doc_Num);
 CREATE INDEX temp.LinClave ON Lin (Doc_Num, Cod_Articulo);
 )";
 
-void Ejecutar(const BaseSuelo& base, const char* sql) {
-  if (sqlite3_exec(base.Handle(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
-    throw std::runtime_error(sqlite3_errmsg(base.Handle()));
-  }
-}
-
 /// Runs a statement with these texts; gives back the rows matched.
 int Cambiar(const BaseSuelo& base, SentenciaSuelo& sentencia,
             std::initializer_list<std::string_view> textos) {
@@ -157,12 +151,12 @@ void Mover(const std::filesystem::path& fichero, const std::filesystem::path& de
 
 void InsertarDesadvSuelo(const BaseSuelo& base, const std::filesystem::path& fichero,
                          const std::filesystem::path& destino) {
-  Ejecutar(base, "BEGIN IMMEDIATE");
-  Ejecutar(base, kTablas);
+  base.Ejecutar("BEGIN IMMEDIATE");
+  base.Ejecutar(kTablas);
   Leer(base, fichero);
   CrearCompras(base);
   Mover(fichero, destino);
-  Ejecutar(base, "DROP TABLE Cab; DROP TABLE Lin; COMMIT");
+  base.Ejecutar("DROP TABLE Cab; DROP TABLE Lin; COMMIT");
 }
 
 }  // namespace kvraedi::bench

@@ -68,17 +68,7 @@ void Comprobar(bool bien) {
   if (!bien) throw std::runtime_error("file operation of the floor failed");
 }
 
-}  // namespace
-
-SueloInvoic::SueloInvoic(const BaseSuelo& base, std::filesystem::path envios)
-    : envios_(std::move(envios)),
-      factura_(base, kFactura),
-      lineas_(base, kLineas),
-      impuestos_(base, kImpuestos),
-      vencimientos_(base, kVencimientos),
-      insertar_(base, kInsertar) {}
-
-void SueloInvoic::Copiar(const std::string& de, const std::string& a) {
+void Copiar(const std::string& de, const std::string& a) {
   const int origen = ::open(de.c_str(), O_RDONLY | O_CLOEXEC);
   const int destino = ::open(a.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
   Comprobar(origen >= 0 && destino >= 0);
@@ -89,50 +79,75 @@ void SueloInvoic::Copiar(const std::string& de, const std::string& a) {
   Comprobar(::fsync(destino) == 0 && ::close(destino) == 0 && ::close(origen) == 0);
 }
 
-void SueloInvoic::Enviar(int codigo) {
-  struct stat estado {};
-  const std::string raiz = envios_.string();
-  Comprobar(::stat(raiz.c_str(), &estado) == 0);
-  const std::string anual = raiz + "/" + std::to_string(kEjercicio);
-  const std::string temporal = raiz + "/Temp";
-  ::mkdir(anual.c_str(), 0755);
-  ::mkdir(temporal.c_str(), 0755);
+}  // namespace
 
+std::string FicheroSuelo::Anual() const {
+  return envios_.string() + "/" + std::to_string(kEjercicio);
+}
+
+void FicheroSuelo::Preparar() {
+  struct stat estado {};
+  Comprobar(::stat(envios_.c_str(), &estado) == 0);
+  ::mkdir(Anual().c_str(), 0755);
+  ::mkdir((envios_ / "Temp").c_str(), 0755);
+}
+
+void FicheroSuelo::Escribir(std::size_t bytes) {
+  struct stat estado {};
+  nombre_ = "INVOIC" + std::to_string(20260515000000 + numero_++) + ".txt";
+  const std::string provisional = envios_ / "Temp" / nombre_;
+  ::stat(Definitivo().c_str(), &estado);
+  const int fichero = ::open(provisional.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
+  bytes_.resize(bytes, ' ');
+  Comprobar(fichero >= 0 && ::write(fichero, bytes_.data(), bytes) == static_cast<ssize_t>(bytes));
+  Comprobar(::close(fichero) == 0);
+  Copiar(provisional, Definitivo() + ".parcial");
+  Comprobar(::unlink(provisional.c_str()) == 0);
+}
+
+void FicheroSuelo::Terminar() {
+  Comprobar(::rename((Definitivo() + ".parcial").c_str(), Definitivo().c_str()) == 0);
+  const int carpeta = ::open(Anual().c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
+  Comprobar(carpeta >= 0 && ::fsync(carpeta) == 0 && ::close(carpeta) == 0);
+}
+
+std::size_t BytesDeFactura(int lineas) {
+  const auto cuantas = static_cast<std::size_t>(lineas);
+  return kBytesFijos + cuantas * kBytesPorLinea + (cuantas + 1) / 2 * kBytesPorDescuento;
+}
+
+SueloInvoic::SueloInvoic(const BaseSuelo& base, std::filesystem::path envios)
+    : fichero_(std::move(envios)),
+      factura_(base, kFactura),
+      lineas_(base, kLineas),
+      impuestos_(base, kImpuestos),
+      vencimientos_(base, kVencimientos),
+      insertar_(base, kInsertar) {}
+
+void SueloInvoic::Enviar(int codigo) {
+  fichero_.Preparar();
   std::string fila;
   factura_.Poner({1, kCliente, kEjercicio, 1, codigo, 0});
   Comprobar(factura_.Paso());
   factura_.CopiarFila(fila);
   factura_.Reiniciar();
-  std::size_t bytes = kBytesFijos;
   vencimientos_.Poner({1, kEjercicio, 1, codigo, 0});
   while (vencimientos_.Paso()) vencimientos_.CopiarFila(fila);
   lineas_.Poner({1, kEjercicio, 1, codigo, 0});
-  for (bool descuento = true; lineas_.Paso(); descuento = !descuento) {
+  int lineas = 0;
+  for (; lineas_.Paso(); ++lineas) {
     fila.clear();
     lineas_.CopiarFila(fila);
-    bytes += kBytesPorLinea + (descuento ? kBytesPorDescuento : 0);
   }
   impuestos_.Poner({1, kEjercicio, 1, codigo, 0});
   while (impuestos_.Paso()) impuestos_.CopiarFila(fila);
 
-  const std::string nombre = "INVOIC" + std::to_string(20260515000000 + numero_++) + ".txt";
-  const std::string provisional = temporal + "/" + nombre;
-  const std::string definitivo = anual + "/" + nombre;
-  const std::string copia = definitivo + ".parcial";
-  ::stat(definitivo.c_str(), &estado);
-  const int fichero = ::open(provisional.c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0644);
-  bytes_.resize(bytes, ' ');
-  Comprobar(fichero >= 0 && ::write(fichero, bytes_.data(), bytes) == static_cast<ssize_t>(bytes));
-  Comprobar(::close(fichero) == 0);
-  Copiar(provisional, copia);
-  Comprobar(::unlink(provisional.c_str()) == 0);
+  fichero_.Escribir(BytesDeFactura(lineas));
   insertar_.Poner({1, kEjercicio, 1, codigo, 0});
   insertar_.PonerTexto(6, "00000000-0000-4000-8000-000000000000");
-  insertar_.PonerTexto(7, nombre);
+  insertar_.PonerTexto(7, fichero_.Nombre());
   insertar_.Paso();
-  Comprobar(::rename(copia.c_str(), definitivo.c_str()) == 0);
-  const int carpeta = ::open(anual.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-  Comprobar(carpeta >= 0 && ::fsync(carpeta) == 0 && ::close(carpeta) == 0);
+  fichero_.Terminar();
 }
 
 }  // namespace kvraedi::bench

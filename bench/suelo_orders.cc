@@ -65,12 +65,6 @@ void Partir(std::string_view linea, Campos& campos) {
   }
 }
 
-void Ejecutar(const BaseSuelo& base, const char* sql) {
-  if (sqlite3_exec(base.Handle(), sql, nullptr, nullptr, nullptr) != SQLITE_OK) {
-    throw std::runtime_error(sqlite3_errmsg(base.Handle()));
-  }
-}
-
 class Lectura {
  public:
   Lectura(const BaseSuelo& base, std::string nombre)
@@ -139,7 +133,7 @@ class Lectura {
 
 void InsertarOrdersSuelo(const BaseSuelo& base, const std::filesystem::path& fichero,
                          const std::filesystem::path& destino) {
-  Ejecutar(base, "BEGIN IMMEDIATE");
+  base.Ejecutar("BEGIN IMMEDIATE");
   {
     std::ifstream entrada(fichero, std::ios::binary);
     Lectura lectura(base, fichero.filename().string());
@@ -151,7 +145,7 @@ void InsertarOrdersSuelo(const BaseSuelo& base, const std::filesystem::path& fic
   }
   std::filesystem::copy_file(fichero, destino);
   std::filesystem::remove(fichero);
-  Ejecutar(base, "COMMIT");
+  base.Ejecutar("COMMIT");
 }
 
 }  // namespace kvraedi::bench

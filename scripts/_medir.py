@@ -16,7 +16,7 @@ def cases(program):
 
 
 def run(program, case, side):
-    """Milliseconds and peak megabytes of one run."""
+    """What one run measured: milliseconds, those of this processor alone, peak megabytes; a server's round trips."""
     out = subprocess.run(
         [program, f"--benchmark_filter=^{case}/{side}(/|$)", "--benchmark_format=json"],
         check=True, stdout=subprocess.PIPE, text=True,
@@ -24,7 +24,7 @@ def run(program, case, side):
     result = json.loads(out)["benchmarks"][0]
     if result.get("error_occurred"):
         sys.exit(f"{case}/{side}: {result.get('error_message')}")
-    return result["real_time"], result["rss_mb"]
+    return {name: result.get(name, 0) for name in ("real_time", "cpu_ms", "rss_mb", "viajes")}
 
 
 def measure(program, case, rounds):
@@ -34,11 +34,14 @@ def measure(program, case, rounds):
     for _ in range(rounds):
         for side in SIDES:
             runs[side].append(run(program, case, side))
-    times = {side: statistics.median(r[0] for r in runs[side]) for side in SIDES}
-    memory = {side: max(r[1] for r in runs[side]) for side in SIDES}
-    return {"name": case, "ours": round(times["propio"], 3), "floor": round(times["suelo"], 3),
-            "ratio": round(times["propio"] / times["suelo"], 3),
-            "rss": round(memory["propio"], 1), "rss_floor": round(memory["suelo"], 1)}
+    def middle(name):
+        return [statistics.median(r[name] for r in runs[side]) for side in SIDES]
+    times, processor = middle("real_time"), middle("cpu_ms")
+    memory = [max(r["rss_mb"] for r in runs[side]) for side in SIDES]
+    return {"name": case, "ours": round(times[0], 3), "floor": round(times[1], 3),
+            "ratio": round(times[0] / times[1], 3), "cpu": round(processor[0], 1),
+            "cpu_floor": round(processor[1], 1), "rss": round(memory[0], 1),
+            "rss_floor": round(memory[1], 1), "trips": round(runs["propio"][0]["viajes"])}
 
 
 def main():
@@ -59,7 +62,9 @@ def main():
         results.append(result)
         if not options.json:
             print("{name:<22} {ours:>10.1f} ms  suelo {floor:>10.1f} ms  x{ratio:.2f}  "
-                  "{rss:>7.1f} MB  (suelo {rss_floor:.1f} MB)".format(**result), flush=True)
+                  "{rss:>7.1f} MB  (suelo {rss_floor:.1f} MB)".format(**result)
+                  + ("  proceso {cpu:.0f} ms (suelo {cpu_floor:.0f})  {trips} viajes".format(**result)
+                     if result["trips"] else ""), flush=True)
     if options.json:
         print(json.dumps(results, indent=2))
 

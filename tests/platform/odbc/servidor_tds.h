@@ -1,6 +1,5 @@
 #pragma once
 
-#include <gtest/gtest.h>
 #include <sys/types.h>
 
 #include <filesystem>
@@ -10,7 +9,7 @@
 namespace kvraedi::odbc {
 
 /// The stand-in server of the wire protocol on a loopback port of its own, with an empty database;
-/// it ends with the object.
+/// it ends with the object. What does not start raises std::runtime_error.
 class ServidorTds {
  public:
   explicit ServidorTds(const std::vector<std::string>& opciones = {});
