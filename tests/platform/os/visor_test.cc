@@ -4,8 +4,8 @@
 #include <chrono>
 #include <thread>
 
-#include "kvraedi/error.h"
 #include "platform/os/entorno_sistema.h"
+#include "tests/apoyo/fallos.h"
 #include "tests/platform/os/carpeta_temporal.h"
 
 namespace kvraedi {
@@ -45,14 +45,8 @@ TEST_F(Visor, GetsThePathAsItIsAndIsNotWaitedFor) {
 }
 
 TEST_F(Visor, WhatIsNotThereIsReported) {
-  const auto error = [&](const fs::path& fichero) -> std::string {
-    try {
-      entorno.OpenWithDefaultProgram(fichero);
-    } catch (const Error& fallo) {
-      EXPECT_EQ(fallo.Number(), kErrorFile);
-      return fallo.Description();
-    }
-    return "";
+  const auto error = [&](const fs::path& fichero) {
+    return ErrorDe([&] { entorno.OpenWithDefaultProgram(fichero); });
   };
   const fs::path falta = carpeta / "nada.pdf";
   EXPECT_EQ(error(falta), "No se puede abrir «" + falta.string() + "»: no existe");

@@ -62,7 +62,6 @@ class VisorQtTest : public testing::Test {
     form->visor.SetSource(Tabla(80));
     form->visor.SetZoom(120);
     form->Show();
-    ventana = QApplication::topLevelWidgets().first()->window();
     for (QWidget* widget : QApplication::topLevelWidgets()) {
       if (widget->objectName() == "frmVista") ventana = widget;
     }
