@@ -38,7 +38,7 @@ class Analizador {
           Padre(orden)->add_subcommand(std::string(orden.nombre), std::string(orden.descripcion));
       Preparar(*sub);
       sub->footer(kPieOrden);
-      Poner(*sub, orden.opciones, "Opciones");
+      if (orden.opciones != nullptr) Poner(*sub, orden.opciones(), "Opciones");
       ordenes_[sub] = &orden;
     }
   }

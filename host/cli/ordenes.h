@@ -19,7 +19,7 @@ struct Orden {
   std::string_view grupo;  ///< the word before the name; "" when there is none
   std::string_view nombre;
   std::string_view descripcion;
-  std::span<const Opcion> opciones;
+  std::span<const Opcion> (*opciones)();  ///< null when it has none of its own
   /// Gives back the exit code; may raise Fallo or Error.
   int (*ejecutar)(const Argumentos& argumentos, const Salida& salida);
 };
