@@ -1,17 +1,10 @@
 #pragma once
 
+#include "tests/apoyo/guion.h"
+
 namespace kvraedi {
 
 /// Moves the customer of the scenario to Facturae, with a centre and the company's certificate.
-inline constexpr const char* kClienteFacturae = R"(
-UPDATE Paises SET ISO3Codigo = 'ESP';
-UPDATE Empresas SET email = 'facturas@nandu.example';
-UPDATE Clientes SET Nombre_Comercial = 'O''Donnell', Cod_EDIPlat_Fra = 3, EDI_Rol_Fiscal = 'C1', EDI_Rol_Receptor = 'C1', EDI_Rol_Pagador = 'C1';
-INSERT INTO EDI_Centros_Administrativos VALUES ('C1', 'Oficina', 'C/ Real, 1', '35001', 'Las Palmas', 'Las Palmas', 34, 'Oficina contable');
-INSERT INTO EDI_Plataforma VALUES (3, 'FACTURAE');
-INSERT INTO EDI_TipoMsg VALUES (3, 1, 'FACTURA');
-INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PathCertificadoDigital', 'empresa.pfx');
-INSERT INTO Empresas_Parametros VALUES (1, 'EDI_PasswordCertificadoDigital', 'clave&<empresa>');
-)";
+inline const std::string kClienteFacturae = Guion("apoyo/cliente_facturae.sql");
 
 }  // namespace kvraedi

@@ -15,23 +15,7 @@ class OrdersTest : public EscenarioCompras {
 TEST_F(OrdersTest, TheWholeMessage) {
   EXPECT_EQ(Generar(), "");
   EXPECT_EQ(orders.PathFicheroGenerado(), fichero.string());
-  EXPECT_EQ(Leer(fichero), CrLf(R"(ORDERS_D_96A_UN_EAN008
-ORD|1234|220|9
-DTM|20260302|20260309|
-NADSU|8412345678901|20
-NADBY|8400000000017||||Ñandú y Cía, S.L.|C/ Mayor, 1|Las Palmas|35001|B35000000
-NADDP|8437000000031||Almacén Norte|Muelle, 2|Arucas|35002
-LIN|501|EN
-IMDLIN|F|M||Queso
-QTYLIN|21|12
-MOALIN|18
-LIN|502|EN
-IMDLIN|F|M||Gofio de 1 €
-QTYLIN|21|2.5
-MOALIN|6.25
-MOARES|24.25|24.25||24.25
-CNTRES|3|0.5|14.5|2
-)"));
+  EXPECT_EQ(Leer(fichero), CrLf(Guion("orders/mensaje_orders.dat")));
 }
 
 TEST_F(OrdersTest, RecordsOfOtherData) {

@@ -9,12 +9,7 @@ class RecadvTest : public EscenarioCompras {
  protected:
   void SetUp() override {
     EscenarioCompras::SetUp();
-    base->Run(R"(
-INSERT INTO Almacenes (Cod_Empresa, Codigo, Nombre) VALUES (1, 4, 'Oeste'), (1, 6, 'Este');
-INSERT INTO Articulos_CBarras VALUES (7, 80002, '8480002', 1), (7, 81002, '8481002', 1), (7, 82002, '8482002', 1), (7, 2, '8400002', 1), (7, 80003, 'no', 0);
-INSERT INTO Entradas VALUES (1, 2026, 3, 157, '09/03/2026 10:00:00', 20, 1234, '12345678901234567890', 0, 0);
-INSERT INTO Entradas_Impuestos VALUES (1, 2026, 3, 157, 2, 100.5, 3, 3.015), (1, 2026, 3, 157, 3, 0, 7, 0);
-)");
+    base->Run(Guion("orders/entradas.sql"));
   }
   std::string Generar(std::int16_t almacen = 3) {
     return FalloDe(recadv.Generar(2026, almacen, 157));
@@ -30,24 +25,7 @@ INSERT INTO Entradas_Impuestos VALUES (1, 2026, 3, 157, 2, 100.5, 3, 3.015), (1,
 TEST_F(RecadvTest, TheWholeMessage) {
   EXPECT_EQ(Generar(), "");
   EXPECT_EQ(recadv.PathFicheroGenerado(), Fichero().string());
-  std::string mensaje = CrLf(R"(RECADV_D_96A_UN_EAN003
-BGM|12345678901234567
-DTM|20260309
-RFF|ON|1234
-NADBY|8400000000017
-NADSU|8412345678901
-NADDP|8437000000031
-CPS|1
-LIN|8480002|EN
-QTYLIN|1
-PRILIN|AAA|100.5
-TAXLIN|IGIC|3|3.015
-LIN||EN
-QTYLIN|1
-PRILIN|AAA|0
-TAXLIN|IGIC|7|0
-CNTRES|2
-)");
+  std::string mensaje = CrLf(Guion("orders/mensaje_recadv.dat"));
   EXPECT_EQ(Leer(Fichero()), mensaje);
   empresa->igic = false;
   EXPECT_EQ(Generar(), "");

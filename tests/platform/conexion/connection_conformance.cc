@@ -1,10 +1,12 @@
 #include "tests/platform/conexion/connection_conformance.h"
 
 #include <algorithm>
-#include <fstream>
 #include <functional>
+#include <sstream>
 #include <utility>
 #include <vector>
+
+#include "tests/apoyo/guion.h"
 
 namespace kvraedi::conformance {
 namespace {
@@ -89,8 +91,8 @@ void ExpectLine(Connection& db, const std::string& line) {
 
 }  // namespace
 
-std::vector<Promise> Promises(const char* path) {
-  std::ifstream file(path);
+std::vector<Promise> Promises(const std::string& path) {
+  std::istringstream file(Guion(path));
   std::vector<Promise> promises;
   for (std::string line; std::getline(file, line);) {
     if (line.starts_with("== ")) {

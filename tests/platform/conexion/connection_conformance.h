@@ -29,7 +29,8 @@ struct Promise {
   std::vector<std::string> lines;
 };
 
-std::vector<Promise> Promises(const char* path = KVRAEDI_PROMESAS);
+/// `path` is below the folder of the tests.
+std::vector<Promise> Promises(const std::string& path = "platform/conexion/promesas.sql");
 
 inline void PrintTo(const Promise& promise, std::ostream* out) { *out << promise.name; }
 inline void PrintTo(const Adapter& adapter, std::ostream* out) { *out << adapter.name; }

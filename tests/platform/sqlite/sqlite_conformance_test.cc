@@ -19,7 +19,7 @@ INSTANTIATE_TEST_SUITE_P(Sqlite, DatabasePromises,
                          NameOfPromise);
 INSTANTIATE_TEST_SUITE_P(Embedded, DatabasePromises,
                          testing::Combine(testing::Values(kSqlite),
-                                          testing::ValuesIn(Promises(KVRAEDI_EMBEBIDA))),
+                                          testing::ValuesIn(Promises("platform/sqlite/embebida.sql"))),
                          NameOfPromise);
 
 }  // namespace kvraedi::conformance

@@ -5,6 +5,7 @@
 #include "platform/os/entorno_sistema.h"
 #include "platform/suite/suite_referencia.h"
 #include "tests/apoyo/fallos.h"
+#include "tests/apoyo/guion.h"
 #include "tests/platform/os/carpeta_temporal.h"
 #include "tests/platform/suite/base_suite.h"
 
@@ -27,29 +28,14 @@ class InformesTest : public BaseSuite {
   InformesTest() {
     std::filesystem::create_directory(carpeta / "Rpt");
     demo::CrearInformes(carpeta / "Rpt");
-    db->Run(R"(
-CREATE TABLE Cabeceras (Terminal nvarchar(40), Numero int, Nombre nvarchar(80), Fecha datetime, Total money);
-CREATE TABLE Lineas (Numero int, Linea int, Texto nvarchar(80), Unidades decimal(12,4), Precio money, Rebaja decimal(7,4), Nota nvarchar(20));
-INSERT INTO Cabeceras VALUES ('T''1', 5, '<b>O''Hara & "Cía"</b>', '02/03/2024', -1234567.345);
-INSERT INTO Cabeceras VALUES ('T2', 6, 'Otra', NULL, 0);
-INSERT INTO Lineas VALUES (5, 2, 'dos', -1.5, 0.01, 10, NULL);
-INSERT INTO Lineas VALUES (5, 1, 'uno', 1234.5, 3, 0, 'no es un número');
-INSERT INTO Lineas VALUES (6, 1, 'ajena', 1, 1, 0, '');
-)");
+    db->Run(Guion("platform/suite/cabeceras.sql"));
   }
 
   std::unique_ptr<Informe> Abrir(const std::string& texto) {
     std::ofstream(carpeta / "Prueba.rpt") << texto;
     return suite.AbrirInforme(entorno, db, carpeta / "Prueba.rpt");
   }
-  void InsertarFactura() {
-    db->Run(R"(
-UPDATE Empresas SET Nif = 'B35' WHERE Codigo = 7;
-INSERT INTO Clientes (Cod_Empresa, Codigo, Nombre, Nif, Cta_Bancaria) VALUES (1, 100, 'O''Donnell', 'A28', '12345678901234567890');
-INSERT INTO Facturas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Fecha, Cliente, Almacen, ImporteB, Total) VALUES (7, 2024, 3, 12, 0, '20/02/2024', 100, 1, 1000, 1070);
-INSERT INTO Facturas_Lineas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc, Num_Linea, Cod_Articulo, Descripcion, Unidades, Precio, PDescuento, Impuesto) VALUES (7, 2024, 3, 12, 0, 1, 501, 'Queso', 4, 25, 10, 3);
-)");
-  }
+  void InsertarFactura() { db->Run(Guion("platform/suite/factura.sql")); }
   DatosImpresionFactura Datos() {
     return {.serie = 3, .ejercicio = 2024, .codigo = 12, .ficheroPdf = carpeta / "f.pdf"};
   }
@@ -61,17 +47,7 @@ INSERT INTO Facturas_Lineas (Cod_Empresa, Cod_Ejercicio, Serie, Codigo, TipoDoc,
   SuiteReferencia suite{&impresora};
 };
 
-constexpr const char* kPlantilla = R"(# prueba
-titulo {{#Cabeceras}}{{Nombre}}{{/Cabeceras}}
-pie fijo
-tabla Cabeceras
-campos Terminal, Numero, Nombre, Fecha:f, Total:2
-tabla L de Lineas en Cabeceras por Numero
-orden Linea
-campos Linea, Texto, Unidades:n, Precio:0?, Rebaja:n+, Nota:2
-campos Importe:2=Unidades*Precio-Rebaja%
----
-{{#Cabeceras}}[{{Nombre}}|{{Fecha}}|{{Total}}]{{#L}}({{Texto}} {{Unidades}} {{Precio}} {{#Rebaja}}{{Rebaja}}%{{/Rebaja}} {{Nota}} {{Importe}}){{/L}}{{/Cabeceras}})";
+const std::string kPlantilla = Guion("platform/suite/plantilla.rpt");
 
 TEST_F(InformesTest, FillsItsLayoutWithFilteredLinkedAndEscapedRows) {
   const auto informe = Abrir(kPlantilla);
