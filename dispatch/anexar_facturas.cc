@@ -7,11 +7,14 @@
 namespace kvraedi {
 namespace {
 
-/// The attachments of an invoice go by its fiscal year, whatever its date.
+/// The attachments of an invoice go by its fiscal year, whatever its date, readable or not.
 facturae::ClaveDocumento DocumentoDe(const ui::Grid& lista, int fila) {
-  facturae::ClaveDocumento clave = ClaveDeFila(lista, fila);
-  if (!clave.EsTicket()) clave.ejercicio = Entero<std::int16_t>(lista.Cell(fila, kEjercicio));
-  return clave;
+  const auto corto = [&](int columna) { return Entero<std::int16_t>(lista.Cell(fila, columna)); };
+  if (corto(kTipoNum) == kFacturaTicket) return ClaveDeFila(lista, fila);
+  return {.ejercicio = corto(kEjercicio),
+          .serie = corto(kSerie),
+          .codigo = Entero<std::int32_t>(lista.Cell(fila, kFactura)),
+          .tipoDoc = corto(kTipoDoc)};
 }
 
 }  // namespace

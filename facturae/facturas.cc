@@ -58,7 +58,9 @@ std::int16_t RevisionSiguiente(const ClaveDocumento& clave) {
   const auto envio =
       ConexionActual().Open(ConsultaRevision(clave, EmpresaActual().CodigoEmpresa()));
   if (envio->Eof()) return 0;
-  return Estrechar<std::int16_t>(Fila(*envio).Get<std::int16_t>("Revision") + 1);
+  const auto revision = Fila(*envio).Get<std::int16_t>("Revision");
+  return ConLugar([] { return std::string("columna Revision"); },
+                  [&] { return Estrechar<std::int16_t>(revision + 1); });
 }
 
 void EscribirRectificacion(DocumentoXml& xml, NodoXml cabecera, const Factura& factura) {

@@ -18,7 +18,7 @@ class AnexosTest : public PantallaEnvio {
   void SetUp() override {
     PantallaEnvio::SetUp();
     InsertarFactura(1);
-    InsertarFactura(2, "Cod_Ejercicio = 2023");  // whatever its date
+    InsertarFactura(2, "Cod_Ejercicio = 2023");  // whatever its date, which cannot be read
     base->Run(
         "INSERT INTO TPV_Tickets (Cod_Empresa, Cod_Almacen, Caja, Fecha, Codigo, Total)"
         " VALUES (1, 5, 2, '10/02/2024', 77, 12.3);"
@@ -26,6 +26,7 @@ class AnexosTest : public PantallaEnvio {
         " Factura_Serie, Factura_Codigo, Factura_Almacen, Factura_TipoDoc, Factura_Fecha, Hora)"
         " VALUES (1, 5, 2, '10/02/2024', 77, 100, 9, 9077, 5, 0, '11/02/2024', '11/02/2024')");
     Listar();
+    Lista().SetCell(2, kFecha, "¿fecha?");
     conexion->sentencias.clear();
   }
 

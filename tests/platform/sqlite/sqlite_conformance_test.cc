@@ -17,9 +17,10 @@ INSTANTIATE_TEST_SUITE_P(Sqlite, ConnectionConformance, testing::Values(kSqlite)
 INSTANTIATE_TEST_SUITE_P(Sqlite, DatabasePromises,
                          testing::Combine(testing::Values(kSqlite), testing::ValuesIn(Promises())),
                          NameOfPromise);
-INSTANTIATE_TEST_SUITE_P(Embedded, DatabasePromises,
-                         testing::Combine(testing::Values(kSqlite),
-                                          testing::ValuesIn(Promises("platform/sqlite/embebida.sql"))),
-                         NameOfPromise);
+INSTANTIATE_TEST_SUITE_P(
+    Embedded, DatabasePromises,
+    testing::Combine(testing::Values(kSqlite),
+                     testing::ValuesIn(Promises("platform/sqlite/embebida.sql"))),
+    NameOfPromise);
 
 }  // namespace kvraedi::conformance
