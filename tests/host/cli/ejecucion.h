@@ -1,6 +1,5 @@
 #pragma once
 
-#include <map>
 #include <sstream>
 #include <string>
 #include <string_view>
@@ -26,10 +25,5 @@ struct Ejecucion {
   std::string resultado;
   std::string mensajes;
 };
-
-using Objeto = std::map<std::string, std::string>;
-
-/// Reads an array of objects whose values are texts; raises std::runtime_error on anything else.
-std::vector<Objeto> LeerJson(const std::string& texto);
 
 }  // namespace kvraedi::cli
