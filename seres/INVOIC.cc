@@ -110,9 +110,6 @@ void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave, bool pendie
   const auto marca = ReservarFactura(entorno, raiz, clave);
   const auto factura =
       conexion.Open(invoic::ConsultaFactura(clave, empresa.EmpresaClientes(), cliente));
-  if (pendiente && !factura->Eof() && Enviada(Fila(*factura))) {
-    ThrowYaEnviada(NombreFactura(clave));
-  }
   FicheroEnvio fichero(entorno, raiz, carpeta, NombreFichero);
   Anotar(*marca, {{"carpeta", carpeta}, {"fichero", fichero.Nombre()}});
   std::optional<std::string> registro;
@@ -122,6 +119,9 @@ void GenerarFichero(std::int16_t cliente, const ClaveFactura& clave, bool pendie
                                   fila,     ClaveDe(fila), fichero.Texto()};
     const auto identificador = EscribirMensaje(mensaje, entorno);
     if (identificador) registro = InsertarEnvio(mensaje.clave, *identificador, fichero.Nombre());
+    for (; pendiente && !factura->Eof(); factura->MoveNext()) {  // a row for each of its sendings
+      if (Enviada(fila)) ThrowYaEnviada(NombreFactura(clave));
+    }
   }
   factura->Close();
   fichero.Preparar();
