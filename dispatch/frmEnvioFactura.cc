@@ -3,7 +3,7 @@
 #include <array>
 
 #include "frame/accion.h"
-#include "frame/formato.h"
+#include "frame/celda.h"
 #include "frame/modMsgOp.h"
 #include "frame/numero.h"
 #include "frame/puertos.h"
@@ -64,31 +64,13 @@ struct Campos {
       excluir, ejercicio, enviada, anexos, almacenFT, cajaFT, fechaFT, codigoFT;
 };
 
-/// The text of a value; one that is beyond its type says so in its cell, so that it does not keep
-/// the other rows from being listed.
-template <class T, class Texto>
-std::string Celda(const Recordset& rs, int campo, Texto&& texto) {
-  if (rs.IsNull(campo)) return {};
-  try {
-    return texto(rs.Get<T>(campo));
-  } catch (const Error& error) {
-    if (error.Number() != kErrorOverflow && error.Number() != kErrorTypeMismatch) throw;
-    return "no válido";
-  }
-}
-
-std::string FechaDeLista(const Recordset& rs, int campo) {
-  return Celda<FechaHora>(rs, campo, FechaTexto);
-}
-
 void AnadirFila(ui::Grid& grid, const Recordset& rs, const Campos& campo) {
   const auto texto = [&](int columna) { return rs.GetOrEmpty<std::string_view>(columna); };
   const auto marca = [](bool puesta) { return std::string_view(puesta ? "X" : ""); };
   const bool directa = rs.GetOrEmpty<std::int16_t>(campo.tipo) == 0;
-  const std::string fecha = FechaDeLista(rs, campo.fecha);
-  const std::string fechaFT = directa ? std::string() : FechaDeLista(rs, campo.fechaFT);
-  const std::string total =
-      Celda<Currency>(rs, campo.total, [](Currency importe) { return NumeroTexto(importe, 2); });
+  const std::string fecha = CeldaFecha(rs, campo.fecha);
+  const std::string fechaFT = directa ? std::string() : CeldaFecha(rs, campo.fechaFT);
+  const std::string total = CeldaImporte(rs, campo.total);
   const std::array<std::string_view, kColumnasFactura> celdas = {
       "0",
       marca(rs.GetOrEmpty<std::int32_t>(campo.enviada) > 0),

@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "frame/accion.h"
-#include "frame/formato.h"
+#include "frame/celda.h"
 #include "frame/sesion.h"
 
 namespace kvraedi {
@@ -31,15 +31,9 @@ using Celdas = std::array<std::string, kColumnas.size()>;
 
 Celdas LeerFila(const Recordset& rs) {
   const auto texto = [&](std::string_view campo) { return rs.GetOrEmpty<std::string>(campo); };
-  const int recepcion = rs.Field("EDIFechaRecepcion");
-  return {texto("EDIFichero"),
-          texto("GLN"),
-          texto("Proveedor"),
-          texto("GLN_Comprador"),
-          texto("Comprador"),
-          rs.IsNull(recepcion) ? std::string() : FechaTexto(rs.Get<FechaHora>(recepcion)),
-          texto("Cod_EDIPlat"),
-          texto("Cod_EDITipoMsg")};
+  return {texto("EDIFichero"),    texto("GLN"),           texto("Proveedor"),
+          texto("GLN_Comprador"), texto("Comprador"),     CeldaFecha(rs, "EDIFechaRecepcion"),
+          texto("Cod_EDIPlat"),   texto("Cod_EDITipoMsg")};
 }
 
 /// The columns for these rows: dates with a time need more room.

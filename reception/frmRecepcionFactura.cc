@@ -7,6 +7,7 @@
 
 #include "frame/accion.h"
 #include "frame/avisos.h"
+#include "frame/celda.h"
 #include "frame/fila.h"
 #include "frame/formato.h"
 #include "frame/intervalo_fechas.h"
@@ -52,11 +53,8 @@ void AnadirFila(ui::Grid& grid, const Fila& factura) {
     if (i == kRecibidaFecha || i == kRecibidaImporte) continue;
     celdas[i] = factura.GetOrEmpty<std::string_view>(i);
   }
-  const std::string fecha =
-      factura.IsNull(kRecibidaFecha) ? "" : FechaTexto(factura.Get<FechaHora>(kRecibidaFecha));
-  const std::string total = factura.IsNull(kRecibidaImporte)
-                                ? ""
-                                : NumeroTexto(factura.Get<Currency>(kRecibidaImporte), 2);
+  const std::string fecha = CeldaFecha(factura, std::size_t{kRecibidaFecha});
+  const std::string total = CeldaImporte(factura, std::size_t{kRecibidaImporte});
   celdas[kRecibidaFecha] = fecha;
   celdas[kRecibidaImporte] = total;
   if (factura.GetOrEmpty<std::int32_t>(kRecibidaUsuario) == 0) celdas[kRecibidaUsuario] = {};

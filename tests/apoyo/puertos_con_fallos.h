@@ -3,6 +3,7 @@
 #include <memory>
 #include <utility>
 
+#include "kvraedi/conexion.h"
 #include "kvraedi/empresa.h"
 #include "kvraedi/suite.h"
 #include "kvraedi/ui/toolkit.h"
@@ -130,6 +131,34 @@ class ConexionDeFilasConFallos : public ConnectionWrapper {
 
    private:
     Fallo& fallo_;
+  };
+};
+
+/// A database whose amounts over 999 are beyond anything, and which may be lost while reading them.
+class ImportesAbsurdos : public ConnectionWrapper {
+ public:
+  using ConnectionWrapper::ConnectionWrapper;
+  std::unique_ptr<Recordset> Open(std::string_view sql) override {
+    return std::make_unique<Filas>(perdida, ConnectionWrapper::Open(sql));
+  }
+  bool perdida = false;
+
+ private:
+  class Filas : public RecordsetWrapper {
+   public:
+    Filas(bool perdida, std::unique_ptr<Recordset> real)
+        : RecordsetWrapper(std::move(real)), perdida_(perdida) {}
+
+   protected:
+    Currency ReadCurrency(int field) const override {
+      if (perdida_) throw Error(kErrorDatabase, "prueba", "Conexión perdida");
+      const Currency importe = RecordsetWrapper::ReadCurrency(field);
+      if (importe > Currency::FromInteger(999)) ThrowOverflow();
+      return importe;
+    }
+
+   private:
+    bool perdida_;
   };
 };
 

@@ -2,6 +2,7 @@
 
 #include "dispatch/frmEnvioFactura.h"
 #include "tests/apoyo/pantalla_envio.h"
+#include "tests/apoyo/puertos_con_fallos.h"
 
 namespace kvraedi {
 namespace {
@@ -164,34 +165,6 @@ TEST_F(ListaTest, ADatabaseErrorKeepsTheListAndHidesTheMessage) {
   EXPECT_EQ(Columna(kFactura), Celdas{"1"});
   EXPECT_FALSE(toolkit.OpenForm("frmMsg")->Visible());
 }
-
-/// A database whose amounts over 999 are beyond anything, and which may be lost while reading them.
-class ImportesAbsurdos : public ConnectionWrapper {
- public:
-  using ConnectionWrapper::ConnectionWrapper;
-  std::unique_ptr<Recordset> Open(std::string_view sql) override {
-    return std::make_unique<Filas>(perdida, ConnectionWrapper::Open(sql));
-  }
-  bool perdida = false;
-
- private:
-  class Filas : public RecordsetWrapper {
-   public:
-    Filas(bool perdida, std::unique_ptr<Recordset> real)
-        : RecordsetWrapper(std::move(real)), perdida_(perdida) {}
-
-   protected:
-    Currency ReadCurrency(int field) const override {
-      if (perdida_) throw Error(kErrorDatabase, "prueba", "Conexión perdida");
-      const Currency importe = RecordsetWrapper::ReadCurrency(field);
-      if (importe > Currency::FromInteger(999)) ThrowOverflow();
-      return importe;
-    }
-
-   private:
-    bool perdida_;
-  };
-};
 
 TEST_F(ListaTest, OneAmountThatCannotBeReadDoesNotHideTheOthers) {
   InsertarFactura(1, "Total = NULL");

@@ -6,6 +6,7 @@
 #include "kvraedi/frmclsFacturacionRecepcion.h"
 #include "reception/frmRecepcionFactura.h"
 #include "tests/apoyo/escenario.h"
+#include "tests/apoyo/puertos_con_fallos.h"
 #include "tests/seres/invoic_recibido.h"
 
 namespace kvraedi {
@@ -108,6 +109,9 @@ TEST_F(RecepcionTest, ListsByDateTheInvoicesOfTheCompany) {
   EXPECT_EQ(Lista().Rows(), 1);
   Listar("31/02/2024", "01/03/2024");
   EXPECT_EQ(toolkit.Messages().back().title, "frmRecepcionFactura:Cargar");
+  clase->ConexionKestrova(std::make_shared<ImportesAbsurdos>(base));
+  Listar();
+  EXPECT_EQ(Fila(4), "17|12/01/2024|3|Quesos O'Hara|no válido|||||2|1|") << "the others are listed";
   Listar("01'/1", "--");
   EXPECT_EQ(Contar("SELECT COUNT(*) FROM EDI_Recepcion_Facturas"), 5);
 }
