@@ -45,11 +45,16 @@ CeldasDeDescuento Celdas(const ui::Grid& grid, int fila) {
   return celdas;
 }
 
+/// The number of a discount, which in a general one may be any text.
+std::string NumeroDeDescuento(std::string_view texto) {
+  return NumeroRecibido(texto) ? NumeroSql(texto) : Sql(SqlTexto{texto});
+}
+
 /// The values of a discount, in the order of its columns.
 std::string Valores(const CeldasDeDescuento& celdas) {
-  return Sql(NumeroSql(celdas[kDescuentoNumero]), ",", SqlTexto{celdas[kDescuentoIndicador]}, ",",
-             NumeroSql(celdas[kDescuentoPorcentaje]), ",", NumeroSql(celdas[kDescuentoImporte]),
-             ",", SqlTexto{celdas[kDescuentoTipo]});
+  return Sql(NumeroDeDescuento(celdas[kDescuentoNumero]), ",",
+             SqlTexto{celdas[kDescuentoIndicador]}, ",", NumeroSql(celdas[kDescuentoPorcentaje]),
+             ",", NumeroSql(celdas[kDescuentoImporte]), ",", SqlTexto{celdas[kDescuentoTipo]});
 }
 
 std::string InsertarDescuento(std::string_view terminal, const CeldasDeDescuento& celdas) {

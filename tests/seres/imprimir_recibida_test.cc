@@ -88,8 +88,8 @@ class ImprimirRecibidaTest : public VisorEscenario {
 
 const std::string kFactura =
     Fichero({Rectl(), Sincc(), Esperado(773, "1 SINCP|7 SCO|10 84|30 '); DROP TABLE Facturas --"),
-             Esperado(139, "1 SINCD|8 1|9 A|-21 2.5|74 EAB"), Sincl("5'1"), Since(),
-             Esperado(82, "1 SINCU|13 D'Artagnan")});
+             Esperado(139, "1 SINCD|8 1|9 A|-21 2.5|74 EAB"), Esperado(139, "1 SINCD|7 A'"),
+             Sincl("5'1"), Since(), Esperado(82, "1 SINCU|13 D'Artagnan")});
 
 TEST_F(ImprimirRecibidaTest, TheFourTablesHoldTheTerminalsCopy) {
   Abrir(Escribir(kFactura));
@@ -109,6 +109,9 @@ TEST_F(ImprimirRecibidaTest, TheFourTablesHoldTheTerminalsCopy) {
       "INSERT INTO Temp_EDI_Factura_Desc_Cab (Terminal, Numero, Indicador, Porcentaje, Importe, "
       "Tipo)  VALUES (" +
           t + ",1,'(A) Descuento',2.5,0,'PRONTO PAGO')",
+      "INSERT INTO Temp_EDI_Factura_Desc_Cab (Terminal, Numero, Indicador, Porcentaje, Importe, "
+      "Tipo)  VALUES (" +
+          t + ",'A''','(C) Cargo',0,0,'')",
       "INSERT INTO Temp_EDI_Factura_Lineas (Terminal, Codigo, Descripcion, Unidades, Neto, Bruto, "
       "NetoLinea, NumLinea)  VALUES (" +
           t + ",'5''1','Jamón D''Or',4,25.1234,30.5,-100.01,1)",
@@ -147,7 +150,7 @@ TEST_F(ImprimirRecibidaTest, AnEmptyInvoiceIsPrintedWithZeros) {
 
 TEST_F(ImprimirRecibidaTest, WhateverFailsIsToldAndPrintingAgainWorks) {
   Abrir(Escribir(kFactura));
-  for (int k = 1; k <= 9; ++k) {
+  for (int k = 1; k <= 10; ++k) {
     conexion->fallo.FallarEn(k);
     EXPECT_EQ(Imprimir(), 0) << k;
     EXPECT_EQ(toolkit.Messages().back().title, "frmVisorFactura:cmdImprimir_Click");
